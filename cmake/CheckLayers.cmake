@@ -1,0 +1,62 @@
+# Holds the walls between the folders of src/: fails on an include of a folder to the right, of an
+# adapter outside of src/app, and on a test for an operating system outside of src/platform.
+#
+# Usage: cmake -DSOURCE_DIR=DIR -P CheckLayers.cmake
+set(layers base platform filetypes settings access quickcreate shell views app)
+set(adapter_folders platform/linux platform/qt)
+set(violations "")
+
+file(GLOB_RECURSE files RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/*.h ${SOURCE_DIR}/*.cpp)
+list(LENGTH files count)
+if(count EQUAL 0)
+    message(FATAL_ERROR "no sources under ${SOURCE_DIR}")
+endif()
+
+foreach(file IN LISTS files)
+    string(REGEX MATCH "^[^/]+" layer ${file})
+    list(FIND layers ${layer} position)
+    if(position EQUAL -1)
+        list(APPEND violations "${file}: not in a folder of the layer order")
+        continue()
+    endif()
+    set(own_adapters "")
+    foreach(folder IN LISTS adapter_folders)
+        if(file MATCHES "^${folder}/")
+            set(own_adapters ${folder})
+        endif()
+    endforeach()
+
+    file(STRINGS ${SOURCE_DIR}/${file} includes REGEX "^[ \t]*#[ \t]*include[ \t]+\"")
+    foreach(line IN LISTS includes)
+        string(REGEX REPLACE ".*\"(.*)\".*" "\\1" included "${line}")
+        string(REGEX MATCH "^[^/]+" included_layer "${included}")
+        list(FIND layers "${included_layer}" included_position)
+        if(included_position EQUAL -1)
+            list(APPEND violations "${file}: \"${included}\" is not named from the source root")
+        elseif(included_position GREATER position)
+            list(APPEND violations "${file}: includes ${included}, to its right")
+        elseif(own_adapters AND included_layer STREQUAL "filetypes")
+            list(APPEND violations "${file}: an adapter that knows ${included}")
+        endif()
+        foreach(folder IN LISTS adapter_folders)
+            if(included MATCHES "^${folder}/" AND NOT layer STREQUAL "app"
+               AND NOT own_adapters STREQUAL folder)
+                list(APPEND violations "${file}: names the adapter ${included}")
+            endif()
+        endforeach()
+    endforeach()
+
+    if(NOT layer STREQUAL "platform")
+        file(STRINGS ${SOURCE_DIR}/${file} systems
+             REGEX "#[ \t]*(if|ifdef|ifndef|elif).*(__linux__|__APPLE__|_WIN32|__unix__)")
+        foreach(line IN LISTS systems)
+            list(APPEND violations "${file}: ${line}")
+        endforeach()
+    endif()
+endforeach()
+
+if(violations)
+    list(JOIN violations "\n  " text)
+    message(FATAL_ERROR "layer violations:\n  ${text}")
+endif()
+message(STATUS "${count} sources keep the layers")

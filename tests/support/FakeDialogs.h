@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/Alert.h"
+#include "platform/OpenPanel.h"
+#include "support/EventLog.h"
+
+#include <deque>
+
+namespace blankwell {
+
+/// An open panel that answers from a script; it cancels when the script is at its end.
+class FakeOpenPanel : public OpenPanel {
+public:
+    explicit FakeOpenPanel(EventLog& events) : events_(events) {}
+
+    OpenPanelResult runModal(const OpenPanelConfiguration& configuration) override {
+        events_.push_back("panel " + configuration.title);
+        shown.push_back(configuration);
+        if (answers.empty()) {
+            return {.response = OpenPanelResult::Response::cancelled};
+        }
+        auto answer = std::move(answers.front());
+        answers.pop_front();
+        return answer;
+    }
+
+    void willChoose(std::vector<FileUrl> urls) {
+        answers.push_back({OpenPanelResult::Response::confirmed, std::move(urls)});
+    }
+
+    void willCancel() { answers.push_back({.response = OpenPanelResult::Response::cancelled}); }
+
+    std::deque<OpenPanelResult> answers;
+    std::vector<OpenPanelConfiguration> shown;
+
+private:
+    EventLog& events_;
+};
+
+/// An alert that the user closes at once.
+class FakeAlert : public Alert {
+public:
+    explicit FakeAlert(EventLog& events) : events_(events) {}
+
+    void runModal(const AlertContent& content) override {
+        events_.push_back("alert " + content.messageText);
+        shown.push_back(content);
+    }
+
+    std::vector<AlertContent> shown;
+
+private:
+    EventLog& events_;
+};
+
+} // namespace blankwell
