@@ -1,0 +1,22 @@
+#include "platform/RealHome.h"
+
+#include "platform/Account.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace blankwell {
+
+std::optional<FileUrl> realHomeFolder(const Account& account) {
+    const auto record = account.record();
+    if (!record) {
+        return std::nullopt;
+    }
+    if (!record->home) {
+        std::fputs("The user's account record names no home folder.\n", stderr);
+        std::abort();
+    }
+    return record->home->standardized();
+}
+
+} // namespace blankwell
