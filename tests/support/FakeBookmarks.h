@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace blankwell {
@@ -14,6 +15,10 @@ public:
     std::expected<Bytes, SystemError> create(const FileUrl& folder) override {
         if (failCreateWith) {
             return std::unexpected(*failCreateWith);
+        }
+        if (failFor.contains(folder.path())) {
+            return std::unexpected(
+                cocoaError(CocoaCode::fileReadNoPermission, "no bookmark of " + folder.path()));
         }
         ++created;
         return blob(folder.path());
@@ -42,6 +47,8 @@ public:
     /// What resolving the bookmark of a path answers instead of that path.
     std::map<std::string, std::expected<ResolvedBookmark, SystemError>> outcomes;
     std::optional<SystemError> failCreateWith;
+    /// The paths of folders that get no bookmark.
+    std::set<std::string> failFor;
     int created = 0;
 };
 
