@@ -1,0 +1,87 @@
+#pragma once
+
+#include "filetypes/CreationDestination.h"
+
+#include <expected>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace blankwell::cli {
+
+/// How a list is printed.
+enum class ListFormat { text, json };
+
+/// `create TYPE`: in `place`, or in the current folder where it is unset.
+struct CreateCommand {
+    std::string typeID;
+    std::variant<std::monostate, std::string, CreationDestinationMode> place;
+
+    friend bool operator==(const CreateCommand&, const CreateCommand&) = default;
+};
+
+/// `open URL`.
+struct OpenCommand {
+    std::string url;
+
+    friend bool operator==(const OpenCommand&, const OpenCommand&) = default;
+};
+
+/// `types`.
+struct TypesCommand {
+    ListFormat format = ListFormat::text;
+
+    friend bool operator==(const TypesCommand&, const TypesCommand&) = default;
+};
+
+/// `folders`.
+struct FoldersCommand {
+    ListFormat format = ListFormat::text;
+
+    friend bool operator==(const FoldersCommand&, const FoldersCommand&) = default;
+};
+
+/// `folders add FOLDER`.
+struct AddFolderCommand {
+    std::string folder;
+
+    friend bool operator==(const AddFolderCommand&, const AddFolderCommand&) = default;
+};
+
+/// `folders forget FOLDER`.
+struct ForgetFolderCommand {
+    std::string folder;
+
+    friend bool operator==(const ForgetFolderCommand&, const ForgetFolderCommand&) = default;
+};
+
+struct HelpCommand {
+    friend bool operator==(const HelpCommand&, const HelpCommand&) = default;
+};
+
+struct VersionCommand {
+    friend bool operator==(const VersionCommand&, const VersionCommand&) = default;
+};
+
+using Command = std::variant<CreateCommand, OpenCommand, TypesCommand, FoldersCommand,
+                             AddFolderCommand, ForgetFolderCommand, HelpCommand, VersionCommand>;
+
+/// What the arguments ask for.
+struct Invocation {
+    Command command;
+    /// Log lines go to standard error as well.
+    bool verbose = false;
+
+    friend bool operator==(const Invocation&, const Invocation&) = default;
+};
+
+/// Reads the arguments that follow the program's name. Options may stand anywhere before `--`. The
+/// error says in one line what is wrong.
+[[nodiscard]] std::expected<Invocation, std::string>
+parseArguments(std::span<const std::string_view> arguments);
+
+/// The text of `--help`.
+[[nodiscard]] std::string_view helpText();
+
+} // namespace blankwell::cli

@@ -1,0 +1,124 @@
+#include "app/cli/CommandRunner.h"
+
+#include "access/FolderAccess.h"
+#include "access/SecurityScopedBookmarkStore.h"
+#include "app/FinderRequest.h"
+#include "app/FinderRequestHandler.h"
+#include "app/Version.h"
+#include "base/Overloaded.h"
+#include "filetypes/FileTypeCatalog.h"
+
+#include <fmt/core.h>
+#include <nlohmann/json.hpp>
+
+namespace blankwell::cli {
+namespace {
+
+Outcome printing(std::string output) {
+    return {.output = std::move(output)};
+}
+
+Outcome failing(std::string_view description) {
+    return {.status = Outcome::failed, .errors = fmt::format("{}\n", description)};
+}
+
+/// Bytes of a path that are not UTF-8 have no JSON form and become the replacement character.
+std::string jsonText(const nlohmann::json& json) {
+    return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+}
+
+} // namespace
+
+Outcome wrongUsage(std::string_view problem) {
+    return {.status = Outcome::wrongUsage, .errors = fmt::format("blankwell: {}\n", problem)};
+}
+
+Outcome CommandRunner::run(const Command& command) {
+    return std::visit([this](const auto& specific) { return execute(specific); }, command);
+}
+
+Outcome CommandRunner::execute(const CreateCommand& command) {
+    const auto* const type = FileTypeCatalog::definition(command.typeID);
+    if (type == nullptr) {
+        return wrongUsage(
+            fmt::format("no file type '{}'; 'blankwell types' lists them", command.typeID));
+    }
+    const auto created = services_.folderAccess.createWithFolderAccess(
+        folderOf(command), AccessPrompt::forbidden, *type);
+    return created ? printing(created->path() + "\n") : failing(description(created.error()));
+}
+
+Outcome CommandRunner::execute(const OpenCommand& command) {
+    if (!parseFinderRequest(command.url)) {
+        return wrongUsage(fmt::format("not a request URL: {}", command.url));
+    }
+    services_.requestHandler.openUrl(command.url);
+    return {};
+}
+
+Outcome CommandRunner::execute(const TypesCommand& command) {
+    const auto types = FileTypeCatalog::builtInTypes();
+    if (command.format == ListFormat::json) {
+        return printing(jsonText(std::vector(types.begin(), types.end())));
+    }
+    std::string lines;
+    for (const auto& type : types) {
+        lines += fmt::format("{:<7}{:<7}{:<26}{}\n", type.id, type.fileExtension, type.displayName,
+                             rawValue(type.category));
+    }
+    return printing(std::move(lines));
+}
+
+Outcome CommandRunner::execute(const FoldersCommand& command) {
+    const auto roots = services_.store.savedFolderRoots();
+    if (command.format == ListFormat::json) {
+        auto paths = nlohmann::json::array();
+        for (const auto& root : roots) {
+            paths.push_back(root.path());
+        }
+        return printing(jsonText(paths));
+    }
+    std::string lines;
+    for (const auto& root : roots) {
+        lines += root.path() + "\n";
+    }
+    return printing(std::move(lines));
+}
+
+Outcome CommandRunner::execute(const AddFolderCommand& command) {
+    const auto folder = absolute(command.folder);
+    const auto saved = services_.store.saveBookmark(folder, folder);
+    return saved ? Outcome{} : failing(saved.error().description());
+}
+
+Outcome CommandRunner::execute(const ForgetFolderCommand& command) {
+    const auto removed = services_.store.removeBookmark(absolute(command.folder));
+    return removed ? Outcome{} : failing(removed.error().description);
+}
+
+Outcome CommandRunner::execute(const HelpCommand& /*command*/) {
+    return printing(std::string(helpText()));
+}
+
+Outcome CommandRunner::execute(const VersionCommand& /*command*/) {
+    return printing(fmt::format("blankwell {}\n", version));
+}
+
+FileUrl CommandRunner::folderOf(const CreateCommand& command) const {
+    return std::visit(Overloaded{
+                          [this](std::monostate) { return services_.currentFolder; },
+                          [this](const std::string& path) { return absolute(path); },
+                          [this](CreationDestinationMode mode) {
+                              return services_.destination.resolve(mode).url;
+                          },
+                      },
+                      command.place);
+}
+
+FileUrl CommandRunner::absolute(const std::string& path) const {
+    const auto whole =
+        path.starts_with('/') ? FileUrl(path) : services_.currentFolder.appending(path);
+    return whole.standardized();
+}
+
+} // namespace blankwell::cli

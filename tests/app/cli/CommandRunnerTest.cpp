@@ -1,0 +1,168 @@
+#include "app/cli/CommandRunner.h"
+
+#include "app/FinderRequestHandler.h"
+#include "app/Version.h"
+#include "support/FakeFolderAccess.h"
+#include "support/FakeMainQueue.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace blankwell::cli {
+namespace {
+
+using testing::IsEmpty;
+
+struct CommandRunnerTest : testing::Test, FakeFolderAccess {
+    CommandRunnerTest() {
+        files.addFolder("/Users/u/work");
+        files.addFolder("/Users/u/Desktop");
+        files.addFolder("/front");
+        environment.variables.clear();
+    }
+
+    FakeFrontFolder frontFolder;
+    CreationDestination destination{account, folders, frontFolder};
+    FakeWorkspace workspace{events};
+    FakeAlert alert{events};
+    FakeMainQueue mainQueue;
+    FinderRequestHandler handler{{
+        .folderAccess = access,
+        .workspace = workspace,
+        .alert = alert,
+        .application = application,
+        .mainQueue = mainQueue,
+        .log = log,
+    }};
+    CommandRunner runner{{
+        .folderAccess = access,
+        .store = store,
+        .destination = destination,
+        .requestHandler = handler,
+        .currentFolder = FileUrl("/Users/u/work"),
+    }};
+};
+
+TEST_F(CommandRunnerTest, CreatePrintsThePathAndNothingElse) {
+    EXPECT_EQ(runner.run(CreateCommand{"md"}), (Outcome{.output = "/Users/u/work/Untitled.md\n"}));
+    EXPECT_EQ(runner.run(CreateCommand{"md"}),
+              (Outcome{.output = "/Users/u/work/Untitled 2.md\n"}));
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, CreateTakesAFolderAbsoluteOrFromHere) {
+    EXPECT_EQ(runner.run(CreateCommand{"md", "/front/"}).output, "/front/Untitled.md\n");
+    EXPECT_EQ(runner.run(CreateCommand{"md", "../Desktop"}).output,
+              "/Users/u/Desktop/Untitled.md\n");
+    EXPECT_EQ(runner.run(CreateCommand{"md", "."}).output, "/Users/u/work/Untitled.md\n");
+}
+
+TEST_F(CommandRunnerTest, CreateTakesTheDestinations) {
+    EXPECT_EQ(runner.run(CreateCommand{"md", CreationDestinationMode::desktop}).output,
+              "/Users/u/Desktop/Untitled.md\n");
+    frontFolder.answer = "/front";
+    EXPECT_EQ(runner.run(CreateCommand{"md", CreationDestinationMode::frontFinderFolder}).output,
+              "/front/Untitled.md\n");
+    frontFolder.answer.reset();
+    EXPECT_EQ(runner.run(CreateCommand{"md", CreationDestinationMode::frontFinderFolder}).output,
+              "/Users/u/Desktop/Untitled 2.md\n");
+}
+
+TEST_F(CommandRunnerTest, CreateNeverAsksForAFolder) {
+    environment.variables["APP_SANDBOX_CONTAINER_ID"] = "x";
+    EXPECT_EQ(runner.run(CreateCommand{"md"}),
+              (Outcome{.status = Outcome::failed,
+                       .errors = "Blankwell+ does not have saved access to work.\n"}));
+    EXPECT_THAT(openPanel.shown, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, AFailureIsItsDescriptionExactly) {
+    files.failWritingWith = SystemError{SystemError::Domain::cocoa, 640, "The disk is full."};
+    EXPECT_EQ(runner.run(CreateCommand{"md"}),
+              (Outcome{.status = Outcome::failed, .errors = "The disk is full.\n"}));
+}
+
+TEST_F(CommandRunnerTest, AnUnknownTypeIsWrongUsage) {
+    const auto outcome = runner.run(CreateCommand{"exe"});
+    EXPECT_EQ(outcome.status, Outcome::wrongUsage);
+    EXPECT_EQ(outcome.errors, "blankwell: no file type 'exe'; 'blankwell types' lists them\n");
+}
+
+TEST_F(CommandRunnerTest, OpenHandlesTheRequest) {
+    EXPECT_EQ(runner.run(OpenCommand{"blankwellplus://create?type=md&directory=/front"}),
+              Outcome{});
+    EXPECT_EQ(files.contents("/front/Untitled.md"), "");
+    EXPECT_THAT(events, testing::Contains("reveal /front/Untitled.md"));
+}
+
+TEST_F(CommandRunnerTest, OpenLeavesTheFailureToTheAlert) {
+    EXPECT_EQ(runner.run(OpenCommand{"blankwellplus://create?type=exe&directory=/front"}),
+              Outcome{});
+    EXPECT_EQ(alert.shown.size(), 1U);
+}
+
+TEST_F(CommandRunnerTest, OpenRefusesWhatIsNoRequest) {
+    for (const auto* url : {"http://create?type=md&directory=/front", "blankwellplus://create",
+                            "Blankwellplus://create?type=md&directory=/front"}) {
+        EXPECT_EQ(runner.run(OpenCommand{url}),
+                  (Outcome{.status = Outcome::wrongUsage,
+                           .errors = "blankwell: not a request URL: " + std::string(url) + "\n"}));
+    }
+    EXPECT_THAT(events, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, TypesListsTheCatalogInOrder) {
+    const auto text = runner.run(TypesCommand{}).output;
+    EXPECT_TRUE(text.starts_with("txt    txt    Text                      Plain Text\n"
+                                 "md     md     Markdown                  Plain Text\n"));
+    EXPECT_TRUE(text.ends_with("pptx   pptx   PowerPoint Presentation   Office\n"));
+    EXPECT_EQ(std::ranges::count(text, '\n'), 16);
+
+    const auto json = nlohmann::json::parse(runner.run(TypesCommand{ListFormat::json}).output);
+    EXPECT_EQ(json.size(), 16U);
+    EXPECT_EQ(json[11]["id"], "py");
+    EXPECT_EQ(json[11]["category"], "Code");
+}
+
+TEST_F(CommandRunnerTest, FoldersAreAddedListedAndForgotten) {
+    EXPECT_EQ(runner.run(AddFolderCommand{"/Users/u/b 10/"}), Outcome{});
+    EXPECT_EQ(runner.run(AddFolderCommand{"../b 2"}), Outcome{});
+    EXPECT_EQ(runner.run(FoldersCommand{}).output, "/Users/u/b 2\n/Users/u/b 10\n");
+    EXPECT_EQ(nlohmann::json::parse(runner.run(FoldersCommand{ListFormat::json}).output),
+              nlohmann::json({"/Users/u/b 2", "/Users/u/b 10"}));
+
+    EXPECT_EQ(runner.run(ForgetFolderCommand{"/Users/u/b 2"}), Outcome{});
+    EXPECT_EQ(runner.run(FoldersCommand{}).output, "/Users/u/b 10\n");
+}
+
+TEST_F(CommandRunnerTest, NoFoldersAreAnEmptyList) {
+    EXPECT_EQ(runner.run(FoldersCommand{}), Outcome{});
+    EXPECT_EQ(runner.run(FoldersCommand{ListFormat::json}).output, "[]\n");
+}
+
+TEST_F(CommandRunnerTest, AFolderThatCannotBeSavedIsAFailure) {
+    bookmarks.failFor.insert("/gone");
+    EXPECT_EQ(runner.run(AddFolderCommand{"/gone"}),
+              (Outcome{.status = Outcome::failed, .errors = "no bookmark of /gone\n"}));
+    domains.group.failWith = SystemError{SystemError::Domain::cocoa, 640, "The disk is full."};
+    EXPECT_EQ(runner.run(ForgetFolderCommand{"/gone"}),
+              (Outcome{.status = Outcome::failed, .errors = "The disk is full.\n"}));
+}
+
+TEST_F(CommandRunnerTest, APathThatIsNotUtf8IsListedAllTheSame) {
+    EXPECT_EQ(runner.run(AddFolderCommand{"/x\xFF"}), Outcome{});
+    EXPECT_EQ(runner.run(FoldersCommand{}).output, "/x\xFF\n");
+    EXPECT_EQ(runner.run(FoldersCommand{ListFormat::json}).output, "[\n  \"/x\xEF\xBF\xBD\"\n]\n");
+}
+
+TEST_F(CommandRunnerTest, HelpNamesEveryCommandAndVersionTheVersion) {
+    const auto help = runner.run(HelpCommand{}).output;
+    for (const auto* command : {"create TYPE", "open URL", "types [--json]", "folders [--json]",
+                                "folders add", "folders forget", "--version", "--help"}) {
+        EXPECT_THAT(help, testing::HasSubstr(command));
+    }
+    EXPECT_EQ(runner.run(VersionCommand{}).output, "blankwell " + std::string(version) + "\n");
+}
+
+} // namespace
+} // namespace blankwell::cli
