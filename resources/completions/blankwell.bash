@@ -1,0 +1,38 @@
+# Completion of blankwell for bash.
+
+_blankwell() {
+    local current=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]-}
+    COMPREPLY=()
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W 'create open types folders --help --version --verbose' -- "$current")
+        return
+    fi
+    case $command in
+    create)
+        if [ "$COMP_CWORD" -eq 2 ]; then
+            mapfile -t COMPREPLY < <(compgen -W "$(blankwell types 2>/dev/null | cut -d ' ' -f 1)" -- "$current")
+        elif [[ $current == -* ]]; then
+            mapfile -t COMPREPLY < <(compgen -W '--desktop --front' -- "$current")
+        else
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+        fi
+        ;;
+    types)
+        mapfile -t COMPREPLY < <(compgen -W '--json' -- "$current")
+        ;;
+    folders)
+        if [ "$COMP_CWORD" -eq 2 ]; then
+            mapfile -t COMPREPLY < <(compgen -W 'add forget --json' -- "$current")
+        elif [ "${COMP_WORDS[2]}" = add ]; then
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+        elif [ "${COMP_WORDS[2]}" = forget ]; then
+            local IFS=$'\n'
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -W "$(blankwell folders 2>/dev/null)" -- "$current")
+        fi
+        ;;
+    esac
+}
+complete -F _blankwell blankwell

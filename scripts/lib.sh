@@ -1,0 +1,58 @@
+# What the scripts share. Sourced with `root` set to the project's folder.
+
+# The Debian packages that each kind of work needs.
+build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
+    libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
+test_packages=(libgtest-dev libgmock-dev)
+fuzz_packages=(clang-19 libclang-rt-19-dev)
+lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
+bench_packages=(libbenchmark-dev)
+
+# Runs a command as root: as it is, or through sudo.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+# need_packages NAME...: installs those of the packages that are missing. Prints on standard error only.
+need_packages() {
+    local missing=() name
+    for name in "$@"; do
+        if ! dpkg-query -W -f '${Status}\n' "$name" 2>/dev/null | grep -q '^install ok installed'; then
+            missing+=("$name")
+        fi
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return
+    fi
+    echo "Installing ${missing[*]}" >&2
+    quietly as_root apt-get update
+    quietly as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+# quietly COMMAND...: keeps the output back, and shows it on standard error if the command fails.
+quietly() {
+    local output status=0
+    output=$(mktemp)
+    "$@" >"$output" 2>&1 </dev/null || status=$?
+    if [ "$status" -ne 0 ]; then
+        cat "$output" >&2
+    fi
+    rm -f "$output"
+    return "$status"
+}
+
+# build PRESET [CMAKE-OPTION...]: configures and builds a preset, silent unless it fails.
+build() {
+    local preset=$1
+    shift
+    (
+        cd "$root"
+        quietly cmake --preset "$preset" "$@"
+        quietly cmake --build --preset "$preset"
+    )
+}
