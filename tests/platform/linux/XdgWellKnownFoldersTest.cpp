@@ -36,8 +36,10 @@ struct XdgDesktopTest : testing::Test {
 
     std::string desktop() const {
         auto path = XdgWellKnownFolders("nina").desktop(home.url()).path();
-        const auto& prefix = home.url().path();
-        return path.starts_with(prefix) ? "~" + path.substr(prefix.size()) : path;
+        if (path.starts_with(home.url().path())) {
+            path.replace(0, home.url().path().size(), 1, '~');
+        }
+        return path;
     }
 
     TemporaryFolder home;
