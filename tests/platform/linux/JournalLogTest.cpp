@@ -3,6 +3,7 @@
 #include "contract/LogContract.h"
 #include "platform/linux/FileDescriptor.h"
 #include "support/PrivateMounts.h"
+#include "support/SystemJournal.h"
 
 #include <gtest/gtest.h>
 
@@ -142,6 +143,23 @@ TEST_F(JournalLogTest, WhatTheJournalRefusesGoesToStandardError) {
     log.write(LogLevel::error, "Uninstall", "No");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "<3>app.blankwell.BlankwellPlus[Uninstall] No\n");
+}
+
+TEST(JournalReadersTest, FindMessagesBySubsystemCategoryAndPriority) {
+    replaceRunFolder();
+    const SystemJournal journal;
+    JournalLog log("blankwell-plus");
+    log.write(LogLevel::notice, "DesktopCreation", "Created /a\nCATEGORY=Uninstall");
+    log.write(LogLevel::error, "DesktopCreation", "Create failed: no");
+    log.write(LogLevel::notice, "Uninstall", "Moved");
+
+    const std::string ours = "SUBSYSTEM=app.blankwell.BlankwellPlus ";
+    EXPECT_THAT(journal.messages(ours + "CATEGORY=DesktopCreation"),
+                testing::ElementsAre("Created /a\nCATEGORY=Uninstall", "Create failed: no"));
+    EXPECT_THAT(journal.messages(ours + "CATEGORY=Uninstall"), testing::ElementsAre("Moved"));
+    EXPECT_THAT(journal.messages(ours + "--priority=err"),
+                testing::ElementsAre("Create failed: no"));
+    EXPECT_EQ(journal.messages("--identifier=blankwell-plus").size(), 3U);
 }
 
 } // namespace
