@@ -1,44 +1,44 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <exception>
+#include <functional>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <exception>
-#include <utility>
-
 namespace blankwell {
 
-/// The exit status of a child process that runs `work`, which returns the status; 255 where it
-/// ended otherwise. The child sees the test's memory as it was, and changes none of it.
-template <typename Work>
-int statusOfChild(Work work) {
+/// Runs `body` in a child process, which may change what a process cannot take back: its user, its
+/// mounts. An expectation that fails there is printed there and fails the calling test too.
+inline void inChildProcess(const std::function<void()>& body) {
+    std::fflush(nullptr);
     const auto child = ::fork();
+    ASSERT_GE(child, 0);
     if (child == 0) {
-        int status = 254;
         try {
-            status = work();
-        } catch (const std::exception&) {
-            status = 253;
+            body();
+        } catch (const std::exception& exception) {
+            ADD_FAILURE() << "thrown in the child process: " << exception.what();
         }
-        ::_exit(status);
+        std::fflush(nullptr);
+        ::_exit(testing::Test::HasFailure() ? 1 : 0);
     }
     int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << "the child process failed";
 }
 
-/// As `statusOfChild`, with the rights of a user who owns nothing. Needs to be root or already such
-/// a user.
-template <typename Work>
-int statusOfUnprivilegedChild(Work work) {
-    return statusOfChild([work = std::move(work)] {
-        constexpr uid_t nobody = 65534;
-        if (::getuid() == 0 && (::setresgid(nobody, nobody, nobody) != 0 ||
-                                ::setresuid(nobody, nobody, nobody) != 0)) {
-            return 252;
-        }
-        return work();
-    });
+/// Gives up the rights of root, for good: a user who owns nothing. Call it in a child process. A
+/// process that is not root keeps its user.
+inline void becomeUnprivileged() {
+    constexpr uid_t nobody = 65534;
+    if (::getuid() == 0) {
+        ASSERT_EQ(::setresgid(nobody, nobody, nobody), 0);
+        ASSERT_EQ(::setresuid(nobody, nobody, nobody), 0);
+    }
 }
 
 } // namespace blankwell

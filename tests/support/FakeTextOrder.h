@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace blankwell {
 
@@ -13,9 +14,14 @@ public:
     std::strong_ordering standardCompare(std::string_view left,
                                          std::string_view right) const override {
         ++comparisons;
-        const auto byValue = compareWithDigits(lowered(left), lowered(right));
+        if (const auto byValue = compareWithDigits(lowered(left), lowered(right)); byValue != 0) {
+            return byValue;
+        }
+        if (const auto byZeros = digitRuns(left) <=> digitRuns(right); byZeros != 0) {
+            return byZeros;
+        }
         // Lower case stands before upper case, the other way round than in ASCII.
-        return byValue != 0 ? byValue : right <=> left;
+        return right <=> left;
     }
 
     bool caseInsensitiveContains(std::string_view text, std::string_view needle) const override {
@@ -55,6 +61,19 @@ private:
             }
         }
         return left.size() <=> right.size();
+    }
+
+    /// The number of digits in each run of them.
+    static std::vector<std::size_t> digitRuns(std::string_view text) {
+        std::vector<std::size_t> runs;
+        while (!text.empty()) {
+            const auto start = std::ranges::find_if(text, isDigit);
+            text.remove_prefix(static_cast<std::size_t>(start - text.begin()));
+            const auto end = std::ranges::find_if_not(text, isDigit);
+            runs.push_back(static_cast<std::size_t>(end - text.begin()));
+            text.remove_prefix(runs.back());
+        }
+        return runs;
     }
 
     static std::string_view takeDigits(std::string_view& text) {

@@ -1,19 +1,41 @@
 #pragma once
 
-#include "base/FileUrl.h"
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <unistd.h>
 
 namespace blankwell {
 
-/// Mounts a tmpfs at `folder` that only this process and its children see, so call it in a child.
-/// `options` as for mount(8), such as "size=64k". Needs to be root.
-[[nodiscard]] inline bool mountTmpfs(const FileUrl& folder, const char* options,
-                                     unsigned long flags = 0) {
-    return ::unshare(CLONE_NEWNS) == 0 &&
-           ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           ::mount("tmpfs", folder.path().c_str(), "tmpfs", flags, options) == 0;
+/// Gives this process a view of its own of what is mounted where: what it mounts from now on only
+/// it and its children see. A process that is not root becomes the master of a user namespace.
+inline void enterPrivateMounts() {
+    const auto user = std::to_string(::getuid());
+    if (::unshare(CLONE_NEWNS) != 0) {
+        ASSERT_EQ(::unshare(CLONE_NEWUSER | CLONE_NEWNS), 0) << "no namespaces for tests here";
+        std::ofstream("/proc/self/uid_map") << user + " " + user + " 1";
+    }
+    ASSERT_EQ(::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr), 0);
+}
+
+/// Mounts a file system in memory at the folder `path`; `options` as for tmpfs(5), such as
+/// "size=64k". Call `enterPrivateMounts` before.
+inline void mountTmpfs(const std::string& path, const char* options, unsigned long flags = 0) {
+    ASSERT_EQ(::mount("tmpfs", path.c_str(), "tmpfs", flags, options), 0) << path;
+}
+
+/// Puts an empty folder in the place of the folder `path`. Call `enterPrivateMounts` before.
+inline void mountEmptyFolder(const std::string& path) {
+    mountTmpfs(path, "mode=755");
+}
+
+/// Puts the file `file` in the place of the file `path`. Call `enterPrivateMounts` before.
+inline void mountFile(const std::string& file, const std::string& path) {
+    ASSERT_EQ(::mount(file.c_str(), path.c_str(), nullptr, MS_BIND, nullptr), 0) << path;
 }
 
 } // namespace blankwell

@@ -2,58 +2,69 @@
 
 #include "base/FileUrl.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 namespace blankwell {
 
-/// A new folder on the disk, removed with all that is in it at the end of its life.
+/// An empty folder on the disk, gone with everything in it at the end of this value's life.
 class TemporaryFolder {
 public:
+    TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path().string()) {}
+
     /// Made inside `parent`, which decides the file system.
-    explicit TemporaryFolder(const std::string& parent = std::filesystem::temp_directory_path()) {
-        auto pattern = parent + "/blankwell-test-XXXXXX";
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder in " + parent);
-        }
-        path_ = pattern;
+    explicit TemporaryFolder(const std::string& parent) : url_(make(parent)) {}
+
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(url_.path(), ignored);
     }
 
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-    [[nodiscard]] FileUrl url() const { return FileUrl(path_.string()); }
+    [[nodiscard]] const FileUrl& url() const { return url_; }
 
     /// The place called `name` in it.
-    [[nodiscard]] FileUrl at(std::string_view name) const { return url().appending(name); }
+    [[nodiscard]] FileUrl at(std::string_view name) const { return url_.appending(name); }
 
-    void addFile(std::string_view name, std::string_view contents = "") const {
-        std::ofstream(path_ / name, std::ios::binary) << contents;
+    /// Makes the file `name`, and the folders that `name` leads through.
+    FileUrl addFile(std::string_view name, std::string_view contents = "") const {
+        const auto file = url_.appending(name);
+        std::filesystem::create_directories(file.deletingLastPathComponent().path());
+        std::ofstream(file.path(), std::ios::binary) << contents;
+        return file;
     }
 
-    void addFolder(std::string_view name) const {
-        std::filesystem::create_directories(path_ / name);
+    /// Makes the folder `name`, and those that it leads through.
+    FileUrl addFolder(std::string_view name) const {
+        const auto folder = url_.appending(name);
+        std::filesystem::create_directories(folder.path());
+        return folder;
     }
 
-    /// The contents of a file, or "(none)".
+    /// The contents of the file `name`, or "(none)".
     [[nodiscard]] std::string contents(std::string_view name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
+        std::ifstream file(at(name).path(), std::ios::binary);
         return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "(none)";
     }
 
 private:
-    std::filesystem::path path_;
+    static std::string make(const std::string& parent) {
+        auto pattern = parent + "/blankwell-XXXXXX";
+        if (::mkdtemp(pattern.data()) == nullptr) {
+            throw std::system_error(errno, std::generic_category(), pattern);
+        }
+        return pattern;
+    }
+
+    FileUrl url_;
 };
 
 } // namespace blankwell

@@ -28,7 +28,7 @@ struct RealSurroundings {
     [[nodiscard]] std::string contents(const char* name) const { return temporary.contents(name); }
 
     void addDanglingLink(const char* name) {
-        std::filesystem::create_symlink("points nowhere", temporary.path() / name);
+        std::filesystem::create_symlink("points nowhere", temporary.at(name).path());
     }
 
     TemporaryFolder temporary;
@@ -93,7 +93,7 @@ TEST_F(LinuxFileSystemTest, APathWithAZeroByteIsRefusedWhole) {
 
 TEST_F(LinuxFileSystemTest, ALinkToAFolderIsADirectory) {
     folder.addFolder("real");
-    std::filesystem::create_directory_symlink("real", folder.path() / "link");
+    std::filesystem::create_directory_symlink("real", folder.at("link").path());
     EXPECT_TRUE(files.isDirectory(folder.at("link")));
     EXPECT_TRUE(files.writeNew(folder.at("link").appending("new"), bytesOf("x")));
     EXPECT_EQ(folder.contents("real/new"), "x");
@@ -118,7 +118,7 @@ TEST_F(LinuxFileSystemTest, NewFilesGetTheModeThatTheUmaskLeaves) {
 
 TEST_F(LinuxFileSystemTest, ACopyOfAReadOnlyTemplateCanBeWrittenTo) {
     folder.addFile("template", "document");
-    std::filesystem::permissions(folder.path() / "template", std::filesystem::perms::owner_read);
+    std::filesystem::permissions(folder.at("template").path(), std::filesystem::perms::owner_read);
     ASSERT_TRUE(files.copyNew(folder.at("template"), folder.at("copy")));
     struct stat status{};
     ::stat(folder.at("copy").path().c_str(), &status);
@@ -126,65 +126,63 @@ TEST_F(LinuxFileSystemTest, ACopyOfAReadOnlyTemplateCanBeWrittenTo) {
 }
 
 TEST_F(LinuxFileSystemTest, AFolderWithoutWritePermissionIsTheSystemsError) {
-    std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
-    const int status = statusOfUnprivilegedChild([&] {
+    std::filesystem::permissions(folder.url().path(), std::filesystem::perms(0755));
+    inChildProcess([&] {
+        becomeUnprivileged();
         const auto written = files.writeNew(folder.at("Untitled.txt"), {});
-        const bool isTold = !written && written.error().is(CocoaCode::fileWriteNoPermission) &&
-                            written.error().description.ends_with("Permission denied.");
-        return isTold ? 0 : 1;
+        ASSERT_FALSE(written);
+        EXPECT_TRUE(written.error().is(CocoaCode::fileWriteNoPermission));
+        EXPECT_THAT(written.error().description,
+                    testing::MatchesRegex("Could not create \"Untitled.txt\" in "
+                                          "\"blankwell-......\": Permission denied\\."));
     });
-    EXPECT_EQ(status, 0);
     EXPECT_EQ(files.itemExists(folder.at("Untitled.txt")), false);
 }
 
 TEST_F(LinuxFileSystemTest, AFolderThatCannotBeSearchedIsAnErrorAndNotAFreeName) {
-    std::filesystem::permissions(folder.path(), std::filesystem::perms(0644));
-    const int status = statusOfUnprivilegedChild([&] {
+    std::filesystem::permissions(folder.url().path(), std::filesystem::perms(0644));
+    inChildProcess([&] {
+        becomeUnprivileged();
         const auto exists = files.itemExists(folder.at("Untitled.txt"));
-        return !exists && exists.error().code == EACCES ? 0 : 1;
+        ASSERT_FALSE(exists);
+        EXPECT_EQ(exists.error().code, EACCES);
     });
-    EXPECT_EQ(status, 0);
 }
 
 TEST_F(LinuxFileSystemTest, AFullDiskLeavesNoPartialFile) {
     const std::string contents(1 << 20, 'x');
     folder.addFile("source", contents);
-    folder.addFolder("small");
-    const int status = statusOfChild([&] {
-        if (!mountTmpfs(folder.at("small"), "size=64k")) {
-            return 1;
-        }
-        const auto target = folder.at("small").appending("Untitled.txt");
+    const auto small = folder.addFolder("small");
+    inChildProcess([&] {
+        enterPrivateMounts();
+        mountTmpfs(small.path(), "size=64k");
+        const auto target = small.appending("Untitled.txt");
         const auto written = files.writeNew(target, bytesOf(contents));
+        ASSERT_FALSE(written);
+        EXPECT_TRUE(written.error().is(CocoaCode::fileWriteOutOfSpace));
         const auto copied = files.copyNew(folder.at("source"), target);
-        if (written || !written.error().is(CocoaCode::fileWriteOutOfSpace)) {
-            return 2;
-        }
-        if (copied || !copied.error().is(CocoaCode::fileWriteOutOfSpace)) {
-            return 3;
-        }
-        return files.itemExists(target) == false ? 0 : 4;
+        ASSERT_FALSE(copied);
+        EXPECT_TRUE(copied.error().is(CocoaCode::fileWriteOutOfSpace));
+        EXPECT_EQ(files.itemExists(target), false);
     });
-    EXPECT_EQ(status, 0);
 }
 
 TEST_F(LinuxFileSystemTest, AReadOnlyVolumeIsTheSystemsError) {
-    folder.addFolder("volume");
-    const int status = statusOfChild([&] {
-        if (!mountTmpfs(folder.at("volume"), "size=64k", MS_RDONLY)) {
-            return 1;
-        }
-        const auto written = files.writeNew(folder.at("volume").appending("a"), {});
-        return !written && written.error().is(CocoaCode::fileWriteVolumeReadOnly) ? 0 : 2;
+    const auto volume = folder.addFolder("volume");
+    inChildProcess([&] {
+        enterPrivateMounts();
+        mountTmpfs(volume.path(), "size=64k", MS_RDONLY);
+        const auto written = files.writeNew(volume.appending("a"), {});
+        ASSERT_FALSE(written);
+        EXPECT_TRUE(written.error().is(CocoaCode::fileWriteVolumeReadOnly));
     });
-    EXPECT_EQ(status, 0);
 }
 
 TEST_F(LinuxFileSystemTest, AFileThatSomebodyPutInPlaceOfThePartialOneIsKept) {
     // The write fails half-way with EFBIG; the signal that comes first exchanges the file.
     static std::string path;
     path = folder.at("new").path();
-    const int status = statusOfChild([&] {
+    inChildProcess([&] {
         std::signal(SIGXFSZ, [](int) {
             ::rename(path.c_str(), (path + ".moved").c_str());
             ::symlink("somebody else's", path.c_str());
@@ -193,10 +191,10 @@ TEST_F(LinuxFileSystemTest, AFileThatSomebodyPutInPlaceOfThePartialOneIsKept) {
         ::setrlimit(RLIMIT_FSIZE, &limit);
         const std::string contents(8192, 'x');
         const auto written = files.writeNew(folder.at("new"), bytesOf(contents));
-        return !written && written.error().code == EFBIG ? 0 : 1;
+        ASSERT_FALSE(written);
+        EXPECT_EQ(written.error().code, EFBIG);
     });
-    EXPECT_EQ(status, 0);
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "new"));
+    EXPECT_TRUE(std::filesystem::is_symlink(path));
 }
 
 TEST_F(LinuxFileSystemTest, TheListOfAFolderThatCannotBeReadIsAnError) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Environment.h"
+
+namespace blankwell {
+
+/// The environment of this process as it is now.
+class ProcessEnvironment : public Environment {
+public:
+    [[nodiscard]] std::optional<std::string> variable(std::string_view name) const override;
+};
+
+} // namespace blankwell
