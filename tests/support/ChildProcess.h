@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <exception>
+#include <functional>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace blankwell {
+
+/// Runs `body` in a child process, which may change what a process cannot take back: its user, its
+/// mounts. An expectation that fails there is printed there and fails the calling test too.
+inline void inChildProcess(const std::function<void()>& body) {
+    std::fflush(nullptr);
+    const auto child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        try {
+            body();
+        } catch (const std::exception& exception) {
+            ADD_FAILURE() << "thrown in the child process: " << exception.what();
+        }
+        std::fflush(nullptr);
+        ::_exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << "the child process failed";
+}
+
+} // namespace blankwell
