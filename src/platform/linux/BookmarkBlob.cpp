@@ -193,7 +193,8 @@ Bytes encodeBookmark(const BookmarkBlob& blob) {
     writer.raw(magic);
     writer.integer(version);
     writer.integer(std::uint32_t{0});
-    writer.integer(blob.kind);
+    writer.integer(blob.volume.kind);
+    writer.integer(blob.volume.id);
     writer.integer(std::to_underlying(blob.strength));
     writer.path(blob.path);
     writer.path(blob.location == blob.path ? std::string_view() : blob.location);
@@ -210,7 +211,8 @@ std::optional<BookmarkBlob> decodeBookmark(std::span<const std::byte> bytes) {
     }
     Reader reader(bytes.first(bytes.size() - checksumSize).subspan(headerSize));
     BookmarkBlob blob;
-    blob.kind = reader.integer<std::uint64_t>();
+    blob.volume.kind = reader.integer<std::uint64_t>();
+    blob.volume.id = reader.integer<std::uint64_t>();
     blob.strength = reader.flag() ? IdentityStrength::weak : IdentityStrength::strong;
     blob.path = reader.path();
     blob.location = reader.path();

@@ -23,16 +23,15 @@ struct BookmarkBlob {
     std::string location;
     /// Where the volume of the folder was mounted: `location` or above it.
     std::string mountPoint;
-    /// The kind of file system, `f_type` of `statfs(2)`.
-    std::uint64_t kind = 0;
+    VolumeIdentity volume;
     IdentityStrength strength = IdentityStrength::strong;
     FolderIdentity folder;
     /// The folders above `location`, innermost first, the last one being the mount point. Empty
     /// where the folder is the mount point itself.
     std::vector<FolderIdentity> ancestors;
 
-    /// The identity of the volume's root folder.
-    [[nodiscard]] const FolderIdentity& volume() const {
+    /// The identity of the folder at `mountPoint`.
+    [[nodiscard]] const FolderIdentity& mountRoot() const {
         return ancestors.empty() ? folder : ancestors.back();
     }
 
@@ -46,7 +45,7 @@ struct BookmarkBlob {
 /// | 8     | the magic "BWFOLDER"                                                     |
 /// | 4     | version, 1                                                               |
 /// | 4     | length of the whole, magic and checksum included                         |
-/// | 8     | kind of file system                                                      |
+/// | 8 + 8 | kind of file system and identifier of the volume, 0 where it has none    |
 /// | 1     | strength of the identities, 0 strong or 1 weak                           |
 /// | 2 + n | path: length and bytes                                                   |
 /// | 2 + n | location, likewise; no bytes where it is the path                        |

@@ -43,19 +43,24 @@ std::expected<std::vector<FolderIdentity>, int> identifyUpwards(const std::strin
 
 std::expected<BookmarkBlob, int> describe(const std::string& path) {
     const auto location = withoutLinks(path);
-    const auto kind = fileSystemKind(path);
-    if (!location || !kind) {
-        return std::unexpected(location ? kind.error() : location.error());
+    if (!location) {
+        return std::unexpected(location.error());
     }
-    BookmarkBlob blob{.path = path, .location = *location, .kind = *kind};
+    BookmarkBlob blob{.path = path, .location = *location};
     auto identities = identifyUpwards(blob.location, blob.mountPoint);
     if (!identities) {
         return std::unexpected(identities.error());
     }
+    const auto volume = identifyVolume(blob.mountPoint);
+    if (!volume) {
+        return std::unexpected(volume.error());
+    }
+    blob.volume = *volume;
     blob.folder = std::move(identities->front());
     blob.ancestors.assign(std::make_move_iterator(identities->begin() + 1),
                           std::make_move_iterator(identities->end()));
-    blob.strength = blob.folder.isUnique() ? identityStrength(*kind) : IdentityStrength::weak;
+    blob.strength =
+        blob.folder.isUnique() ? identityStrength(volume->kind) : IdentityStrength::weak;
     return blob;
 }
 
@@ -65,10 +70,13 @@ std::expected<bool, int> isVolumeMounted(const BookmarkBlob& blob) {
     if (!isMounted || !*isMounted) {
         return isMounted;
     }
-    if (blob.strength == IdentityStrength::strong) {
-        return leadsTo(blob.mountPoint, blob.volume());
+    if (identifyVolume(blob.mountPoint) != blob.volume) {
+        return false;
     }
-    return fileSystemKind(blob.mountPoint) == blob.kind;
+    if (blob.strength == IdentityStrength::weak) {
+        return true;
+    }
+    return leadsTo(blob.mountPoint, blob.mountRoot());
 }
 
 std::optional<SystemError> volumeError(const BookmarkBlob& blob) {
@@ -166,7 +174,9 @@ std::expected<std::string, SystemError> LinuxBookmarks::locate(const BookmarkBlo
     }
     const FileUrl folder(blob.path);
     const auto isThere = leadsTo(blob.path, blob.folder);
-    if (isThere == true) {
+    // The root folders of two volumes can look the same; all other identities are unique.
+    const bool isMountRoot = blob.ancestors.empty();
+    if (isThere == true && !isMountRoot) {
         return blob.path;
     }
     if (!isThere && !meansNothingThere(isThere.error())) {
@@ -174,6 +184,9 @@ std::expected<std::string, SystemError> LinuxBookmarks::locate(const BookmarkBlo
     }
     if (auto error = volumeError(blob)) {
         return std::unexpected(std::move(*error));
+    }
+    if (isThere == true) {
+        return blob.path;
     }
     if (isThere && wasRetargeted(blob)) {
         return std::unexpected(folderWasReplaced(folder));

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 
 namespace blankwell {
@@ -28,6 +29,11 @@ constexpr std::array<std::uint64_t, 14> weakKinds{
     0xbacbacbc, // vmhgfs
 };
 
+constexpr std::array<std::uint64_t, 2> kindsWithLastingIds{
+    0x0000ef53, // ext2, ext3, ext4
+    0x9123683e, // btrfs
+};
+
 } // namespace
 
 IdentityStrength identityStrength(std::uint64_t kind) {
@@ -35,13 +41,17 @@ IdentityStrength identityStrength(std::uint64_t kind) {
     return isWeak ? IdentityStrength::weak : IdentityStrength::strong;
 }
 
-std::expected<std::uint64_t, int> fileSystemKind(const std::string& path) {
+std::expected<VolumeIdentity, int> identifyVolume(const std::string& path) {
     struct ::statfs status{};
     if (::statfs(path.c_str(), &status) != 0) {
         return std::unexpected(errno);
     }
     // The magic numbers have 32 bits; the field is signed and wider.
-    return static_cast<std::uint32_t>(status.f_type);
+    VolumeIdentity volume{.kind = static_cast<std::uint32_t>(status.f_type)};
+    if (std::ranges::find(kindsWithLastingIds, volume.kind) != kindsWithLastingIds.end()) {
+        volume.id = std::bit_cast<std::uint64_t>(status.f_fsid);
+    }
+    return volume;
 }
 
 std::expected<bool, int> isMountPoint(const std::string& path) {
