@@ -7,19 +7,20 @@
 
 namespace blankwell {
 
+/// When a folder was made, since 1970 as `statx(2)` tells it.
+struct BirthTime {
+    std::int64_t seconds = 0;
+    std::uint32_t nanoseconds = 0;
+
+    friend bool operator==(const BirthTime&, const BirthTime&) = default;
+};
+
 /// What makes a folder itself, whatever it is called and wherever it stands in its file system.
 ///
 /// The inode number alone is given away again as soon as a folder is deleted; the birth time and
 /// the kernel's file handle, which carries the inode's generation, tell the next owner apart. All
 /// three survive renames and remounts.
 struct FolderIdentity {
-    struct BirthTime {
-        std::int64_t seconds = 0;
-        std::uint32_t nanoseconds = 0;
-
-        friend bool operator==(const BirthTime&, const BirthTime&) = default;
-    };
-
     std::uint64_t inode = 0;
     /// Absent where the file system keeps none.
     std::optional<BirthTime> birthTime;

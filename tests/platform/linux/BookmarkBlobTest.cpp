@@ -21,7 +21,7 @@ BookmarkBlob sample() {
         .mountPoint = "/mnt/disk",
         .volume = {.kind = 0xEF53, .id = 0x1122334455667788},
         .folder = {.inode = 4711,
-                   .birthTime = FolderIdentity::BirthTime{1'700'000'000, 999'999'999},
+                   .birthTime = BirthTime{1'700'000'000, 999'999'999},
                    .handleType = -1,
                    .handle = "\x01\xFF\x00 handle"},
         .ancestors = {{.inode = 12},
@@ -71,8 +71,7 @@ TEST(BookmarkBlobTest, ExtremesComeBack) {
                       .mountPoint = "/",
                       .volume = {~std::uint64_t{0}, ~std::uint64_t{0}}};
     blob.strength = IdentityStrength::weak;
-    blob.folder = {.inode = ~std::uint64_t{0},
-                   .birthTime = FolderIdentity::BirthTime{INT64_MIN, 0}};
+    blob.folder = {.inode = ~std::uint64_t{0}, .birthTime = BirthTime{INT64_MIN, 0}};
     EXPECT_EQ(decodeBookmark(encodeBookmark(blob)), blob);
 
     BookmarkBlob deep{.mountPoint = "/"};
@@ -86,15 +85,13 @@ TEST(BookmarkBlobTest, ExtremesComeBack) {
 }
 
 TEST(BookmarkBlobTest, TheLayoutIsTheDocumentedOne) {
-    const BookmarkBlob blob{.path = "/a",
-                            .location = "/a",
-                            .mountPoint = "/",
-                            .volume = {.kind = 0x0102, .id = 0x0304},
-                            .folder = {.inode = 3,
-                                       .birthTime = FolderIdentity::BirthTime{-2, 4},
-                                       .handleType = 5,
-                                       .handle = "h"},
-                            .ancestors = {{.inode = 6}}};
+    const BookmarkBlob blob{
+        .path = "/a",
+        .location = "/a",
+        .mountPoint = "/",
+        .volume = {.kind = 0x0102, .id = 0x0304},
+        .folder = {.inode = 3, .birthTime = BirthTime{-2, 4}, .handleType = 5, .handle = "h"},
+        .ancestors = {{.inode = 6}}};
     const std::string expected("BWFOLDER"
                                "\x01\0\0\0"
                                "\x55\0\0\0"
