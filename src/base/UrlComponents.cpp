@@ -1,5 +1,6 @@
 #include "base/UrlComponents.h"
 
+#include "base/PercentEncoding.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -17,33 +18,6 @@ std::string_view takeUntil(std::string_view& text, std::string_view separators) 
     const auto taken = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
     return taken;
-}
-
-int hexDigit(char character) {
-    if (character >= '0' && character <= '9') {
-        return character - '0';
-    }
-    const auto lower = static_cast<char>(character | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::optional<std::string> percentDecoded(std::string_view text) {
-    std::string decoded;
-    decoded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            decoded += text[i];
-            continue;
-        }
-        const int high = i + 1 < text.size() ? hexDigit(text[i + 1]) : -1;
-        const int low = i + 2 < text.size() ? hexDigit(text[i + 2]) : -1;
-        if (high < 0 || low < 0) {
-            return std::nullopt;
-        }
-        decoded += static_cast<char>(high * 16 + low);
-        i += 2;
-    }
-    return decoded;
 }
 
 std::string_view hostOf(std::string_view authority) {

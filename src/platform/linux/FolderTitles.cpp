@@ -1,0 +1,39 @@
+#include "platform/linux/FolderTitles.h"
+
+namespace blankwell {
+namespace {
+
+std::optional<FileUrl> existing(std::string_view path, const IsFolder& isFolder) {
+    const FileUrl folder{std::string(path)};
+    return path.starts_with('/') && isFolder(folder) ? std::optional(folder) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<FileUrl> folderInThunarTitle(std::string_view title, const IsFolder& isFolder) {
+    constexpr std::string_view suffix = " - Thunar";
+    const auto whole = existing(title, isFolder);
+    const auto shortened = title.ends_with(suffix)
+                               ? existing(title.substr(0, title.size() - suffix.size()), isFolder)
+                               : std::nullopt;
+    // Where both are there, the title does not say which of them is shown.
+    if (whole && shortened) {
+        return std::nullopt;
+    }
+    return whole ? whole : shortened;
+}
+
+std::optional<FileUrl> folderInNemoTitle(std::string_view title, const IsFolder& isFolder) {
+    // No name holds a slash, so the first one begins the path.
+    const auto start = title.find('/');
+    if (start == std::string_view::npos || !title.substr(0, start).ends_with(" - ")) {
+        return std::nullopt;
+    }
+    return existing(title.substr(start), isFolder);
+}
+
+std::string_view captionOfDolphinTitle(std::string_view title) {
+    return title.substr(0, title.rfind(" — "));
+}
+
+} // namespace blankwell

@@ -1,0 +1,147 @@
+#include "platform/linux/SessionBus.h"
+
+#include "platform/linux/SystemErrors.h"
+
+#include <fmt/core.h>
+#include <systemd/sd-bus.h>
+
+#include <cerrno>
+
+namespace blankwell {
+namespace {
+
+constexpr auto unreachable = "The session bus cannot be reached";
+
+std::unexpected<SystemError> failure(int result, std::string_view what) {
+    return std::unexpected(posixError(-result, what));
+}
+
+std::uint64_t microseconds(const Deadline& deadline) {
+    return static_cast<std::uint64_t>(deadline.remaining().count());
+}
+
+} // namespace
+
+void SessionBus::Close::operator()(sd_bus* bus) const {
+    sd_bus_close_unref(bus);
+}
+
+std::expected<SessionBus, SystemError> SessionBus::connect(const Deadline& deadline) {
+    sd_bus* opened = nullptr;
+    if (const int result = sd_bus_open_user(&opened); result < 0) {
+        return failure(result, unreachable);
+    }
+    SessionBus bus(opened);
+    // sd-bus itself would wait for the bus's greeting without an end.
+    const auto isReady = [&] { return sd_bus_is_ready(opened) > 0; };
+    if (auto greeted = bus.processUntil(isReady, deadline); !greeted) {
+        return std::unexpected(std::move(greeted).error());
+    }
+    return bus;
+}
+
+bool SessionBus::isOpen() {
+    int result = 1;
+    while (result > 0) {
+        result = sd_bus_process(bus_.get(), nullptr);
+    }
+    return result == 0 && sd_bus_is_open(bus_.get()) > 0;
+}
+
+std::expected<std::vector<std::string>, SystemError>
+SessionBus::ownedNames(const Deadline& deadline) {
+    return listNames("ListNames", deadline);
+}
+
+std::expected<std::vector<std::string>, SystemError>
+SessionBus::activatableNames(const Deadline& deadline) {
+    return listNames("ListActivatableNames", deadline);
+}
+
+std::expected<BusMessage, SystemError> SessionBus::request(const BusMethod& method) const {
+    sd_bus_message* message = nullptr;
+    const int result = sd_bus_message_new_method_call(
+        bus_.get(), &message, method.destination.c_str(), method.path.c_str(),
+        method.interface.c_str(), method.member.c_str());
+    if (result < 0) {
+        return failure(result, fmt::format("{} cannot be asked", method.destination));
+    }
+    return BusMessage(message);
+}
+
+std::expected<BusMessage, SystemError> SessionBus::call(const BusMessage& message,
+                                                        const Deadline& deadline) {
+    const auto* destination = sd_bus_message_get_destination(message.get());
+    const auto what = fmt::format("{} does not answer", destination);
+    if (message.status() < 0) {
+        return failure(message.status(), what);
+    }
+    // To sd-bus a time of zero means its own default, which is far too long.
+    if (deadline.hasPassed()) {
+        return failure(-ETIMEDOUT, what);
+    }
+    sd_bus_message_set_auto_start(message.get(), 0);
+    sd_bus_message* reply = nullptr;
+    const int result =
+        sd_bus_call(bus_.get(), message.get(), microseconds(deadline), nullptr, &reply);
+    if (result < 0) {
+        return failure(result, what);
+    }
+    return BusMessage(reply);
+}
+
+std::expected<void, SystemError> SessionBus::send(const BusMessage& message, AutoStart autoStart,
+                                                  const Deadline& deadline) {
+    sd_bus_message_set_auto_start(message.get(), autoStart == AutoStart::yes ? 1 : 0);
+    sd_bus_message_set_expect_reply(message.get(), 0);
+    int result = message.status();
+    if (result >= 0) {
+        result = sd_bus_send(bus_.get(), message.get(), nullptr);
+    }
+    if (result < 0) {
+        return failure(result, unreachable);
+    }
+    const auto isWritten = [&] {
+        std::uint64_t queued = 0;
+        return sd_bus_get_n_queued_write(bus_.get(), &queued) >= 0 && queued == 0;
+    };
+    return processUntil(isWritten, deadline);
+}
+
+std::expected<void, SystemError> SessionBus::processUntil(const std::function<bool()>& isDone,
+                                                          const Deadline& deadline) {
+    while (!isDone()) {
+        int result = sd_bus_process(bus_.get(), nullptr);
+        if (result == 0 && deadline.hasPassed()) {
+            result = -ETIMEDOUT;
+        } else if (result == 0) {
+            result = sd_bus_wait(bus_.get(), microseconds(deadline));
+        }
+        if (result < 0 && result != -EINTR) {
+            return failure(result, unreachable);
+        }
+    }
+    return {};
+}
+
+std::expected<std::vector<std::string>, SystemError>
+SessionBus::listNames(std::string member, const Deadline& deadline) {
+    const auto message = request({.destination = "org.freedesktop.DBus",
+                                  .path = "/org/freedesktop/DBus",
+                                  .interface = "org.freedesktop.DBus",
+                                  .member = std::move(member)});
+    if (!message) {
+        return std::unexpected(message.error());
+    }
+    auto reply = call(*message, deadline);
+    if (!reply) {
+        return std::unexpected(std::move(reply).error());
+    }
+    auto names = reply->readStrings();
+    if (!names) {
+        return failure(-EBADMSG, unreachable);
+    }
+    return *std::move(names);
+}
+
+} // namespace blankwell

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/SystemError.h"
+#include "platform/linux/BusMessage.h"
+#include "platform/linux/Deadline.h"
+
+#include <expected>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+extern "C" struct sd_bus;
+
+namespace blankwell {
+
+/// One connection to the user's session bus. Everything that waits, waits until a deadline at the
+/// longest, even if the bus itself hangs. Belongs to the thread that connected it.
+///
+/// Errors are of the POSIX domain; `ETIMEDOUT` where the deadline passed.
+class SessionBus {
+public:
+    /// Whether a message to a name that nobody owns starts the program registered for it.
+    enum class AutoStart { no, yes };
+
+    /// Connects to the bus that the environment names.
+    static std::expected<SessionBus, SystemError> connect(const Deadline& deadline);
+
+    /// Whether the connection still stands. Does not wait.
+    [[nodiscard]] bool isOpen();
+
+    /// The names that programs own now. Asks the bus only.
+    std::expected<std::vector<std::string>, SystemError> ownedNames(const Deadline& deadline);
+
+    /// The names that the bus knows how to start a program for. Asks the bus only.
+    std::expected<std::vector<std::string>, SystemError> activatableNames(const Deadline& deadline);
+
+    /// A call of `method` that arguments can be appended to. Fails where a part of `method` is not
+    /// what D-Bus allows.
+    [[nodiscard]] std::expected<BusMessage, SystemError> request(const BusMethod& method) const;
+
+    /// Sends `message` and waits for the answer. Starts nothing.
+    std::expected<BusMessage, SystemError> call(const BusMessage& message,
+                                                const Deadline& deadline);
+
+    /// Hands `message` to the bus and asks for no answer. Where that starts a program, the bus
+    /// delivers it only if this connection still stands when the program is up.
+    std::expected<void, SystemError> send(const BusMessage& message, AutoStart autoStart,
+                                          const Deadline& deadline);
+
+private:
+    struct Close {
+        void operator()(sd_bus* bus) const;
+    };
+
+    explicit SessionBus(sd_bus* bus) : bus_(bus) {}
+
+    std::expected<void, SystemError> processUntil(const std::function<bool()>& isDone,
+                                                  const Deadline& deadline);
+    std::expected<std::vector<std::string>, SystemError> listNames(std::string member,
+                                                                   const Deadline& deadline);
+
+    std::unique_ptr<sd_bus, Close> bus_;
+};
+
+} // namespace blankwell
