@@ -2,7 +2,7 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
+    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
 test_packages=(libgtest-dev libgmock-dev python3 python3-docx python3-openpyxl poppler-utils
     libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui)
 fuzz_packages=(clang-19 libclang-rt-19-dev)

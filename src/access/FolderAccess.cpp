@@ -6,9 +6,9 @@
 #include "platform/AccessScopes.h"
 #include "platform/Account.h"
 #include "platform/Application.h"
-#include "platform/Environment.h"
 #include "platform/FileSystem.h"
 #include "platform/RealHome.h"
+#include "platform/Sandbox.h"
 #include "platform/WellKnownFolders.h"
 
 #include <fmt/core.h>
@@ -19,9 +19,6 @@ namespace blankwell {
 namespace {
 
 using Error = SecurityScopedFolderAccessError;
-
-/// The process is taken for sandboxed where this variable exists, whatever its value.
-constexpr std::string_view sandboxVariable = "APP_SANDBOX_CONTAINER_ID";
 
 FileUrl dropboxFolder(const FileUrl& home) {
     return home.appending("Dropbox").standardized();
@@ -59,7 +56,7 @@ std::expected<FileUrl, CreationError>
 FolderAccess::createWithFolderAccess(const FileUrl& directory, AccessPrompt prompt,
                                      const FileTypeDefinition& type) {
     const auto target = directory.standardized();
-    if (!isSandboxed()) {
+    if (!isSandboxed(services_.environment)) {
         return services_.creator.createFile(type, target);
     }
     if (const auto saved = services_.store.savedAccessURL(target)) {
@@ -197,10 +194,6 @@ OpenPanelConfiguration FolderAccess::makeAccessPanel(std::string title, std::str
         .resolvesAliases = true,
         .directory = std::move(directory),
     };
-}
-
-bool FolderAccess::isSandboxed() const {
-    return services_.environment.variable(sandboxVariable).has_value();
 }
 
 std::expected<FileUrl, CreationError> FolderAccess::createInScope(const FileUrl& grant,

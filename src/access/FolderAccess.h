@@ -98,7 +98,6 @@ public:
                                                                 bool allowsMultipleSelection);
 
 private:
-    [[nodiscard]] bool isSandboxed() const;
     [[nodiscard]] std::expected<FileUrl, CreationError>
     createInScope(const FileUrl& grant, const FileUrl& folder, const FileTypeDefinition& type);
     [[nodiscard]] Result<FileUrl> requestAccessToFolder(const FileUrl& folder);

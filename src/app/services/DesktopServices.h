@@ -4,33 +4,40 @@
 #include "platform/SystemError.h"
 
 #include <expected>
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace blankwell {
 
 class FrontFolder;
 class Log;
 class TextOrder;
+class WellKnownFolders;
 class Workspace;
 
 /// Makes the adapters whose libraries are too slow to load for a program that may not need them.
 ///
 /// They stand in a module of their own beside the programs: a short-lived program loads it when it
-/// first needs one of them, a long-lived one at its start. What is made must not outlive this object.
+/// first needs one of them, a long-lived one at its start. What is made must not outlive this
+/// object.
 class DesktopServices {
 public:
     virtual ~DesktopServices() = default;
 
     /// The user's order of texts. Error: the rules of the order cannot be loaded.
-    [[nodiscard]] virtual std::expected<std::unique_ptr<TextOrder>, SystemError> makeTextOrder() = 0;
+    [[nodiscard]] virtual std::expected<std::unique_ptr<TextOrder>, SystemError>
+    makeTextOrder() = 0;
 
     [[nodiscard]] virtual std::unique_ptr<Log> makeJournal() = 0;
 
     /// `log` must outlive the result.
     [[nodiscard]] virtual std::unique_ptr<Workspace> makeWorkspace(Log& log) = 0;
 
-    /// `desktop` is what a file manager shows that draws the Desktop.
-    [[nodiscard]] virtual std::unique_ptr<FrontFolder> makeFrontFolder(FileUrl desktop) = 0;
+    /// `wellKnown` must outlive the result. `roots` gives the folders that the user works in.
+    [[nodiscard]] virtual std::unique_ptr<FrontFolder>
+    makeFrontFolder(const WellKnownFolders& wellKnown, FileUrl home,
+                    std::function<std::vector<FileUrl>()> roots) = 0;
 };
 
 /// The module's one entry: makes its services.

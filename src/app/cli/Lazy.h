@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/FrontFolder.h"
+#include "platform/TextOrder.h"
+#include "platform/Workspace.h"
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace blankwell::cli {
+
+/// An adapter that is made when it is first used.
+template <typename Port>
+class Lazy {
+public:
+    using Make = std::function<std::unique_ptr<Port>()>;
+
+    explicit Lazy(Make make) : make_(std::move(make)) {}
+
+    [[nodiscard]] Port& get() const {
+        if (!made_) {
+            made_ = make_();
+        }
+        return *made_;
+    }
+
+private:
+    Make make_;
+    mutable std::unique_ptr<Port> made_;
+};
+
+class LazyTextOrder : public TextOrder {
+public:
+    explicit LazyTextOrder(Lazy<TextOrder>::Make make) : order_(std::move(make)) {}
+
+    [[nodiscard]] std::strong_ordering standardCompare(std::string_view left,
+                                                       std::string_view right) const override {
+        return order_.get().standardCompare(left, right);
+    }
+
+    [[nodiscard]] bool caseInsensitiveContains(std::string_view text,
+                                               std::string_view needle) const override {
+        return order_.get().caseInsensitiveContains(text, needle);
+    }
+
+private:
+    Lazy<TextOrder> order_;
+};
+
+class LazyWorkspace : public Workspace {
+public:
+    explicit LazyWorkspace(Lazy<Workspace>::Make make) : workspace_(std::move(make)) {}
+
+    void reveal(const FileUrl& url) override { workspace_.get().reveal(url); }
+
+private:
+    Lazy<Workspace> workspace_;
+};
+
+class LazyFrontFolder : public FrontFolder {
+public:
+    explicit LazyFrontFolder(Lazy<FrontFolder>::Make make) : frontFolder_(std::move(make)) {}
+
+    std::optional<std::string> path() override { return frontFolder_.get().path(); }
+
+private:
+    Lazy<FrontFolder> frontFolder_;
+};
+
+} // namespace blankwell::cli

@@ -1,0 +1,87 @@
+#include "app/cli/Program.h"
+
+#include "platform/Identifiers.h"
+#include "platform/RealHome.h"
+#include "platform/Sandbox.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace blankwell::cli {
+namespace {
+
+std::unique_ptr<TextOrder> makeTextOrder(ModuleLoader& loader) {
+    auto order = loader.services().makeTextOrder();
+    if (!order) {
+        std::fprintf(stderr, "blankwell: %s\n", order.error().description.c_str());
+        std::exit(Outcome::failed);
+    }
+    return *std::move(order);
+}
+
+} // namespace
+
+Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
+                 ConsoleLog::StandardError standardError)
+    : loader_(programFolder),
+      log_(loader_, standardError),
+      order_([this] { return makeTextOrder(loader_); }),
+      workspace_([this] { return loader_.services().makeWorkspace(log_); }),
+      frontFolder_([this] {
+          return loader_.services().makeFrontFolder(folders_, home(),
+                                                    [this] { return store_.savedFolderRoots(); });
+      }),
+      domains_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path()),
+               bundleIdentifier),
+      store_(domains_, bookmarks_, order_, log_),
+      bundle_(programFolder),
+      creator_(writableFiles(), coordinator_, bundle_, scopes_),
+      folderAccess_({
+          .store = store_,
+          .creator = creator_,
+          .fileSystem = files_,
+          .scopes = scopes_,
+          .openPanel = openPanel_,
+          .application = application_,
+          .account = account_,
+          .environment = environment_,
+          .folders = folders_,
+      }),
+      destination_(account_, folders_, frontFolder_),
+      requestHandler_({
+          .folderAccess = folderAccess_,
+          .workspace = workspace_,
+          .alert = alert_,
+          .application = application_,
+          .mainQueue = mainQueue_,
+          .log = log_,
+      }),
+      runner_({
+          .folderAccess = folderAccess_,
+          .store = store_,
+          .destination = destination_,
+          .requestHandler = requestHandler_,
+          .currentFolder = std::move(currentFolder),
+      }) {}
+
+Outcome Program::run(const Command& command) {
+    auto outcome = runner_.run(command);
+    mainQueue_.run();
+    if (alert_.wasShown()) {
+        outcome.status = Outcome::failed;
+    }
+    return outcome;
+}
+
+FileSystem& Program::writableFiles() {
+    if (isSandboxed(environment_)) {
+        return scopedFiles_;
+    }
+    return files_;
+}
+
+FileUrl Program::home() const {
+    return realHomeFolder(account_).value_or(account_.processHome());
+}
+
+} // namespace blankwell::cli
