@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/StandardErrorLog.h"
+#include "support/PrivateMounts.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -21,13 +22,17 @@
 
 namespace blankwell {
 
-/// The system's own journal service, run for a test. Needs a /run that is the test's own.
+/// The system's own journal service, run for a test. Needs mounts and a /run that are the test's
+/// own.
 class SystemJournal {
 public:
     SystemJournal() {
+        if (std::filesystem::exists("/dev/kmsg")) {
+            mountFile("/dev/null", "/dev/kmsg");
+        }
         std::filesystem::create_directories("/run/log/journal");
         std::filesystem::create_directories("/run/systemd/journald.conf.d");
-        // Nothing of the machine's: no disk, no kernel messages, and the audit left as it is.
+        // Nothing of the machine's: no disk, no kernel messages either way, and the audit as it is.
         std::ofstream("/run/systemd/journald.conf.d/test.conf")
             << "[Journal]\nStorage=volatile\nAudit=\nReadKMsg=no\nForwardToSyslog=no\n";
         service_ = ::fork();

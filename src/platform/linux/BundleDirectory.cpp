@@ -81,7 +81,7 @@ std::optional<std::string> BundleDirectory::infoString(std::string_view key) con
 
 BundleDirectory::Strings BundleDirectory::readStrings(const FileUrl& propertyList) {
     const auto root = readPropertyList(propertyList);
-    if (!root || plist_get_node_type(root.get()) != PLIST_DICT) {
+    if (plist_get_node_type(root.get()) != PLIST_DICT) {
         return {};
     }
     plist_dict_iter position = nullptr;

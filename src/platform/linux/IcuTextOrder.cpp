@@ -9,7 +9,6 @@
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>

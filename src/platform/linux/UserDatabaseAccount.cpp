@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace blankwell {

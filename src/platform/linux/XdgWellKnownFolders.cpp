@@ -1,5 +1,6 @@
 #include "platform/linux/XdgWellKnownFolders.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string_view>

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <random>
 
@@ -65,6 +64,11 @@ TEST_F(IcuTextOrderTest, AccentsComeAfterCaseAndBeforeTheNextLetter) {
     expectAscending({"resume b", "résumé b", "resume c"});
 }
 
+TEST_F(IcuTextOrderTest, AccentsWeighMoreThanZerosAndCaseMoreThanWidth) {
+    expectAscending({"e01", "é1"});
+    expectAscending({"\uFF41b", "aB"}); // a full-width a
+}
+
 TEST_F(IcuTextOrderTest, PunctuationCounts) {
     expectAscending({"a b", "a-b", "ab"});
     expectAscending({"a-1", "a-2", "a1"});
@@ -78,7 +82,11 @@ TEST_F(IcuTextOrderTest, DigitsOfEveryScriptHaveTheirValue) {
 
 TEST_F(IcuTextOrderTest, CanonicallyEquivalentTextsAreNeighboursButNotEqual) {
     expectAscending({"e\u0301", "\u00E9", "f"});
-    expectAscending({"e\u0301 2", "\u00E9 10"});
+    expectAscending({"e\u0301 1", "\u00E9 01"});
+    expectAscending({"\u00E9 1", "e\u0301 01"});
+    // The same two marks in either order.
+    expectAscending({"e\u0301\u0323 1", "e\u0323\u0301 01"});
+    expectAscending({"e\u0323\u0301 1", "e\u0301\u0323 01"});
 }
 
 TEST_F(IcuTextOrderTest, WhatIsAlikeAtLastComparesByCodeUnitsAndThenByBytes) {

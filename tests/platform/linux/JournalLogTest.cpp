@@ -24,7 +24,7 @@ using Entry = std::map<std::string, std::string>;
 /// Gives this program a /run of its own, once.
 void replaceRunFolder() {
     static const bool replaced = [] {
-        enterPrivateMounts();
+        enterPrivateMounts(0);
         mountEmptyFolder("/run");
         return std::filesystem::create_directories("/run/systemd/journal");
     }();

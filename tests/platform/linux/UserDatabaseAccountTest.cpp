@@ -35,7 +35,7 @@ struct UserDatabaseAccountTest : testing::Test {
     void asUser(uid_t user, const std::string& entries, const std::function<void()>& body) {
         const auto database = folder.addFile("passwd", entries).path();
         inChildProcess([&] {
-            enterPrivateMounts();
+            enterPrivateMounts(user);
             mountFile(database, "/etc/passwd");
             ASSERT_EQ(::setresuid(user, user, user), 0);
             body();

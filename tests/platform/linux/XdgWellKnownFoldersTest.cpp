@@ -87,6 +87,7 @@ TEST_F(XdgDesktopTest, TheLastAssignmentThatCanBeUsedWins) {
                           "XDG_DESKTOP_DIR=$HOME/E\n"
                           "XDG_DESKTOP_DIR=\"$HOME/F\n"
                           "XDG_DESKTOP_DIR\n"
+                          "XDG_DESKTOP_DIR \"$HOME/I\"\n"
                           "XDG_DESKTOP_DIRECTORY=\"$HOME/G\"\n"),
               "~/B");
 }
