@@ -2,6 +2,7 @@
 
 #include "platform/FrontFolder.h"
 #include "platform/TextOrder.h"
+#include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 
 #include <functional>
@@ -46,6 +47,21 @@ public:
 
 private:
     Lazy<TextOrder> order_;
+};
+
+class LazyPreferenceDomains : public PreferenceDomains {
+public:
+    explicit LazyPreferenceDomains(Lazy<PreferenceDomains>::Make make)
+        : domains_(std::move(make)) {}
+
+    [[nodiscard]] UserDefaults* suite(std::string_view name) override {
+        return domains_.get().suite(name);
+    }
+
+    [[nodiscard]] UserDefaults& standard() override { return domains_.get().standard(); }
+
+private:
+    Lazy<PreferenceDomains> domains_;
 };
 
 class LazyWorkspace : public Workspace {

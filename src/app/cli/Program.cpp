@@ -3,6 +3,7 @@
 #include "platform/Identifiers.h"
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
+#include "platform/linux/XdgPreferenceDomains.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -31,8 +32,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           return loader_.services().makeFrontFolder(folders_, home(),
                                                     [this] { return store_.savedFolderRoots(); });
       }),
-      domains_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path()),
-               bundleIdentifier),
+      domains_([this] { return makeDomains(); }),
       store_(domains_, bookmarks_, order_, log_),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -78,6 +78,12 @@ FileSystem& Program::writableFiles() {
         return scopedFiles_;
     }
     return files_;
+}
+
+std::unique_ptr<PreferenceDomains> Program::makeDomains() const {
+    return std::make_unique<XdgPreferenceDomains>(
+        preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path()),
+        bundleIdentifier);
 }
 
 FileUrl Program::home() const {

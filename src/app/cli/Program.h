@@ -21,7 +21,6 @@
 #include "platform/linux/ProcessEnvironment.h"
 #include "platform/linux/ScopedFileSystem.h"
 #include "platform/linux/UserDatabaseAccount.h"
-#include "platform/linux/XdgPreferenceDomains.h"
 #include "platform/linux/XdgWellKnownFolders.h"
 
 namespace blankwell::cli {
@@ -39,6 +38,7 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
+    [[nodiscard]] std::unique_ptr<PreferenceDomains> makeDomains() const;
     [[nodiscard]] FileUrl home() const;
 
     // In the order of construction.
@@ -50,7 +50,7 @@ private:
     LazyTextOrder order_;
     LazyWorkspace workspace_;
     LazyFrontFolder frontFolder_;
-    XdgPreferenceDomains domains_;
+    LazyPreferenceDomains domains_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_;
