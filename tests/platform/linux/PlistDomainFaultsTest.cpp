@@ -135,6 +135,15 @@ TEST_F(PlistDomainFaultsTest, AnUnreadableFileIsNeverReplaced) {
     EXPECT_THAT(PlistDomain(directory, "d").keys(""), ElementsAre("k"));
 }
 
+TEST_F(PlistDomainFaultsTest, ADeviceInPlaceOfTheFileIsNotTakenForADamagedOne) {
+    std::filesystem::create_symlink("/dev/null", path("d.plist"));
+    unprivileged([this] {
+        const auto saved = domain.set("k", true);
+        ASSERT_FALSE(saved);
+        EXPECT_THAT(saved.error().description, HasSubstr("Could not read the settings in"));
+    });
+}
+
 TEST_F(PlistDomainFaultsTest, ADamagedFileThatCannotBeKeptIsNotReplaced) {
     std::ofstream(path("d.plist")) << "damaged";
     ASSERT_EQ(::chmod(directory.c_str(), 0500), 0);

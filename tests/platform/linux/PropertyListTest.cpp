@@ -13,6 +13,8 @@
 #include <cstdlib>
 #include <random>
 
+#include <sys/resource.h>
+
 namespace blankwell {
 namespace {
 
@@ -166,21 +168,29 @@ TEST(PropertyList, ModerateNestingIsKept) {
 }
 
 TEST(PropertyList, DeepNestingIsRefusedBeforeItEndsTheProcess) {
-    constexpr int levels = 150'000;
-    for (const auto& [opening, closing] :
-         {std::pair("<array>", "</array>"), std::pair("<dict><key>k</key>", "</dict>"),
-          std::pair("<array >", "</array\n>"), std::pair("<array><!-- </array> -->", "</array>"),
-          std::pair("<array><string><![CDATA[</array>]]></string>", "</array>"),
-          std::pair("<array a=\"></array>\">", "</array>"), std::pair("<array a='></array>'>", ""),
-          std::pair("<plist a=\"></array>\"><array>", "</array>"),
-          std::pair("<array><!--></array>-->", "</array>"),
-          std::pair("<array><?x </array>?>", "</array>"),
-          std::pair("<array></array/>", "</array>")}) {
-        EXPECT_TRUE(isCorrupt(documentWith("<key>k</key>" + repeated(opening, levels)))) << opening;
-        EXPECT_TRUE(isCorrupt(
-            documentWith("<key>k</key>" + repeated(opening, levels) + repeated(closing, levels))))
-            << opening;
-    }
+    constexpr int levels = 60'000;
+    const std::pair<const char*, const char*> patterns[] = {
+        {"<array>", "</array>"},
+        {"<dict><key>k</key>", "</dict>"},
+        {"<array >", "</array\n>"},
+        {"<array><!-- </array> -->", "</array>"},
+        {"<array><!--></array>-->", "</array>"},
+        {"<array><string><![CDATA[</array>]]></string>", "</array>"},
+        {"<array a=\"></array>\">", "</array>"},
+        {"<array a='></array>'>", "</array>"},
+        {"<plist a=\"></array>\"><array>", "</array>"},
+        {"<array><?x </array>?>", "</array>"},
+        {"<array></array/>", "</array>"},
+    };
+    inChildProcess([&] {
+        const rlimit smallStack{.rlim_cur = 1U << 20U, .rlim_max = RLIM_INFINITY};
+        ASSERT_EQ(::setrlimit(RLIMIT_STACK, &smallStack), 0);
+        for (const auto& [opening, closing] : patterns) {
+            const auto half = "<key>k</key>" + repeated(opening, levels);
+            EXPECT_TRUE(isCorrupt(documentWith(half))) << opening;
+            EXPECT_TRUE(isCorrupt(documentWith(half + repeated(closing, levels)))) << opening;
+        }
+    });
 }
 
 TEST(PropertyList, ManyValuesSideBySideAreNoNesting) {

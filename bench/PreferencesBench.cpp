@@ -1,0 +1,133 @@
+#include "platform/linux/PlistDomain.h"
+
+#include <benchmark/benchmark.h>
+#include <fmt/core.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace blankwell {
+namespace {
+
+/// A folder with the preference domain of a normal user: the settings and a dozen granted folders.
+class NormalUser {
+public:
+    NormalUser() : folder_(std::filesystem::temp_directory_path() / "blankwell-bench-XXXXXX") {
+        if (::mkdtemp(folder_.data()) == nullptr) {
+            std::abort();
+        }
+        fill();
+        // Until then the time stamp is too young to be relied on, and reads would read the file.
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+
+    NormalUser(const NormalUser&) = delete;
+    NormalUser& operator=(const NormalUser&) = delete;
+
+    ~NormalUser() { std::filesystem::remove_all(folder_); }
+
+    [[nodiscard]] PlistDomain domain() const { return PlistDomain(folder_, "domain"); }
+
+    [[nodiscard]] std::string file() const { return folder_ + "/domain.plist"; }
+
+private:
+    void fill() const {
+        auto filled = domain();
+        const std::vector<std::string> types{"txt",   "md",   "rtf",  "csv", "json", "yaml",
+                                             "xml",   "html", "css",  "js",  "sh",   "py",
+                                             "swift", "docx", "xlsx", "pptx"};
+        bool saved = filled.set("enabledFileTypeIDs", types) && filled.set("fileTypeOrder", types);
+        for (const auto* key : {"appPresence", "directShortcutDestination"}) {
+            saved = filled.set(key, "desktop") && saved;
+        }
+        for (const auto* key : {"quickCreateShortcut", "fileTypeShortcuts"}) {
+            saved = filled.set(key, Bytes(40)) && saved;
+        }
+        saved = filled.set("hasCompletedOnboarding", true) && saved;
+        for (int number = 0; number < 13; ++number) {
+            saved =
+                filled.set(fmt::format("securityScopedFolderBookmark./home/u/Folder {}", number),
+                           Bytes(344)) &&
+                saved;
+        }
+        if (!saved) {
+            std::abort();
+        }
+    }
+
+    std::string folder_;
+};
+
+void loadTheDomain(benchmark::State& state) {
+    const NormalUser user;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(user.domain().value("appPresence"));
+    }
+}
+
+void readTheSameBytes(benchmark::State& state) {
+    const NormalUser user;
+    const auto file = user.file();
+    std::array<char, 65536> buffer{};
+    for (auto _ : state) {
+        const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+        benchmark::DoNotOptimize(::read(descriptor, buffer.data(), buffer.size()));
+        ::close(descriptor);
+    }
+    state.counters["bytes"] = static_cast<double>(std::filesystem::file_size(file));
+}
+
+void readWarm(benchmark::State& state) {
+    const NormalUser user;
+    const auto domain = user.domain();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(domain.value("hasCompletedOnboarding"));
+    }
+}
+
+void listTheFoldersWarm(benchmark::State& state) {
+    const NormalUser user;
+    const auto domain = user.domain();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(domain.keys("securityScopedFolderBookmark."));
+    }
+}
+
+void statTheFile(benchmark::State& state) {
+    const NormalUser user;
+    const auto file = user.file();
+    for (auto _ : state) {
+        struct stat status{};
+        benchmark::DoNotOptimize(::stat(file.c_str(), &status));
+    }
+}
+
+void saveAKey(benchmark::State& state) {
+    const NormalUser user;
+    auto domain = user.domain();
+    bool value = false;
+    for (auto _ : state) {
+        value = !value;
+        if (!domain.set("hasCompletedOnboarding", value)) {
+            state.SkipWithError("the domain could not be saved");
+        }
+    }
+}
+
+BENCHMARK(loadTheDomain)->Name("load the preference domain of a normal user");
+BENCHMARK(readTheSameBytes)->Name("read of the same bytes");
+BENCHMARK(readWarm)->Name("warm read");
+BENCHMARK(listTheFoldersWarm)->Name("warm list of the folders");
+BENCHMARK(statTheFile)->Name("stat");
+BENCHMARK(saveAKey)->Name("save one key");
+
+} // namespace
+} // namespace blankwell
