@@ -1,39 +1,17 @@
+#include "bench/ScratchFolder.h"
 #include "platform/linux/LinuxAccessScopes.h"
 #include "platform/linux/LinuxBookmarks.h"
 #include "platform/linux/ScopedFileSystem.h"
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 namespace blankwell {
 namespace {
-
-/// A folder on the disk with a folder in it, deleted at the end of its life.
-class BenchFolder {
-public:
-    BenchFolder() {
-        if (::mkdtemp(path_.data()) == nullptr) {
-            throw std::runtime_error("no folder to measure in");
-        }
-        std::filesystem::create_directory(path_ + "/below");
-    }
-
-    ~BenchFolder() { std::filesystem::remove_all(path_); }
-
-    BenchFolder(const BenchFolder&) = delete;
-    BenchFolder& operator=(const BenchFolder&) = delete;
-
-    [[nodiscard]] const std::string& path() const { return path_; }
-
-private:
-    std::string path_ = "/var/tmp/blankwell-bench-XXXXXX";
-};
 
 /// A file system whose writes cost nothing, so that what is measured is the way to them.
 class NoFileSystem : public FileSystem {
@@ -64,7 +42,7 @@ public:
 };
 
 void oneStatx(benchmark::State& state) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
     struct ::statx status{};
     for (auto each : state) {
         benchmark::DoNotOptimize(::statx(AT_FDCWD, folder.path().c_str(), 0,
@@ -75,7 +53,7 @@ void oneStatx(benchmark::State& state) {
 BENCHMARK(oneStatx);
 
 void decodeBlob(benchmark::State& state) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
     LinuxAccessScopes scopes;
     const auto bookmark = LinuxBookmarks(scopes).create(FileUrl(folder.path())).value();
     for (auto each : state) {
@@ -86,7 +64,7 @@ void decodeBlob(benchmark::State& state) {
 BENCHMARK(decodeBlob);
 
 void resolveUnchangedFolder(benchmark::State& state) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
     LinuxAccessScopes scopes;
     LinuxBookmarks bookmarks(scopes);
     const auto bookmark = bookmarks.create(FileUrl(folder.path())).value();
@@ -98,7 +76,7 @@ void resolveUnchangedFolder(benchmark::State& state) {
 BENCHMARK(resolveUnchangedFolder);
 
 void createBookmark(benchmark::State& state) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
     LinuxAccessScopes scopes;
     LinuxBookmarks bookmarks(scopes);
     for (auto each : state) {
@@ -109,7 +87,7 @@ void createBookmark(benchmark::State& state) {
 BENCHMARK(createBookmark);
 
 void resolveRenamedFolder(benchmark::State& state) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
     LinuxAccessScopes scopes;
     LinuxBookmarks bookmarks(scopes);
     const auto bookmark = bookmarks.create(FileUrl(folder.path() + "/below")).value();
@@ -122,7 +100,8 @@ void resolveRenamedFolder(benchmark::State& state) {
 BENCHMARK(resolveRenamedFolder);
 
 void scopedWriteTo(benchmark::State& state, const std::string& below) {
-    const BenchFolder folder;
+    const ScratchFolder folder;
+    std::filesystem::create_directory(folder.at("below"));
     LinuxAccessScopes scopes;
     scopes.admit(FileUrl(folder.path()));
     const AccessScope scope(scopes, FileUrl(folder.path()));

@@ -1,3 +1,4 @@
+#include "bench/ScratchFolder.h"
 #include "platform/linux/PlistDomain.h"
 
 #include <benchmark/benchmark.h>
@@ -5,8 +6,6 @@
 
 #include <array>
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -20,23 +19,15 @@ namespace {
 /// A folder with the preference domain of a normal user: the settings and a dozen granted folders.
 class NormalUser {
 public:
-    NormalUser() : folder_(std::filesystem::temp_directory_path() / "blankwell-bench-XXXXXX") {
-        if (::mkdtemp(folder_.data()) == nullptr) {
-            std::abort();
-        }
+    NormalUser() {
         fill();
         // Until then the time stamp is too young to be relied on, and reads would read the file.
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
 
-    NormalUser(const NormalUser&) = delete;
-    NormalUser& operator=(const NormalUser&) = delete;
+    [[nodiscard]] PlistDomain domain() const { return PlistDomain(folder_.path(), "domain"); }
 
-    ~NormalUser() { std::filesystem::remove_all(folder_); }
-
-    [[nodiscard]] PlistDomain domain() const { return PlistDomain(folder_, "domain"); }
-
-    [[nodiscard]] std::string file() const { return folder_ + "/domain.plist"; }
+    [[nodiscard]] std::string file() const { return folder_.at("domain.plist"); }
 
 private:
     void fill() const {
@@ -63,7 +54,7 @@ private:
         }
     }
 
-    std::string folder_;
+    ScratchFolder folder_;
 };
 
 void loadTheDomain(benchmark::State& state) {
@@ -122,12 +113,12 @@ void saveAKey(benchmark::State& state) {
     }
 }
 
-BENCHMARK(loadTheDomain)->Name("load the preference domain of a normal user");
-BENCHMARK(readTheSameBytes)->Name("read of the same bytes");
-BENCHMARK(readWarm)->Name("warm read");
-BENCHMARK(listTheFoldersWarm)->Name("warm list of the folders");
-BENCHMARK(statTheFile)->Name("stat");
-BENCHMARK(saveAKey)->Name("save one key");
+BENCHMARK(loadTheDomain)->Name("loadPreferenceDomain");
+BENCHMARK(readTheSameBytes)->Name("readSameBytes");
+BENCHMARK(readWarm)->Name("warmPreferenceRead");
+BENCHMARK(listTheFoldersWarm)->Name("warmFolderList");
+BENCHMARK(statTheFile)->Name("statDomainFile");
+BENCHMARK(saveAKey)->Name("saveOnePreference");
 
 } // namespace
 } // namespace blankwell
