@@ -234,21 +234,22 @@ TEST_P(LinuxBookmarksTest, NamesOfAnyBytesAreKept) {
 TEST_P(LinuxBookmarksTest, APathAsLongAsTheSystemTakesIsResolved) {
     std::string relative(200, 'a');
     while (scratch.at(relative).size() + 201 < PATH_MAX - 1) {
-        relative += "/" + std::string(200, 'a');
+        relative.append(1, '/').append(200, 'a');
     }
-    relative += "/" + std::string(PATH_MAX - 2 - scratch.at(relative).size(), 'z');
+    relative += '/';
+    relative.append(PATH_MAX - 1 - scratch.at(relative).size(), 'z');
     const auto folder = scratch.makeFolder(relative);
     ASSERT_EQ(folder.size(), PATH_MAX - 1);
     const auto bookmark = bookmarkOf(folder);
     EXPECT_EQ(resolve(bookmark), folder);
     scratch.rename(std::string(200, 'a'), "b");
-    EXPECT_EQ(resolve(bookmark), stale(scratch.at("b" + relative.substr(200))));
+    EXPECT_EQ(resolve(bookmark), stale(scratch.at(fmt::format("b{}", relative.substr(200)))));
 }
 
 TEST_P(LinuxBookmarksTest, APathThatGrewLongerThanTheSystemTakesIsNotResolved) {
     std::string relative(200, 'a');
     while (scratch.at(relative).size() + 201 < PATH_MAX - 1) {
-        relative += "/" + std::string(200, 'a');
+        relative.append(1, '/').append(200, 'a');
     }
     const auto bookmark = bookmarkOf(scratch.makeFolder(relative));
     scratch.rename(std::string(200, 'a'), std::string(255, 'b'));
