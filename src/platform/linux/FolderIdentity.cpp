@@ -119,8 +119,9 @@ std::expected<std::string, int> pathByHandle(const FolderIdentity& identity,
         return std::unexpected(errno);
     }
     auto path = nameOf(folder);
+    // The kernel also names what is deleted, or outside of the part of the volume that is mounted.
     if (path && leadsTo(*path, identity) != true) {
-        return std::unexpected(ESTALE); // deleted, but still held open by someone
+        return std::unexpected(ESTALE);
     }
     return path;
 }

@@ -46,7 +46,8 @@ struct FolderIdentity {
 /// Where the folder `identity` stands now, asked of the kernel by its handle. `anyFolder` is a
 /// folder in the mount that holds it.
 ///
-/// Errors: `ESTALE` where the folder exists no more, `EPERM` without the privilege
+/// Errors: `ESTALE` where the folder exists no more or cannot be reached through the mount, `EPERM`
+/// without the privilege
 /// (`CAP_DAC_READ_SEARCH`), `EOPNOTSUPP` without a handle, other `errno` values.
 [[nodiscard]] std::expected<std::string, int> pathByHandle(const FolderIdentity& identity,
                                                            const std::string& anyFolder);

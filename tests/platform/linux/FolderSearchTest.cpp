@@ -50,6 +50,19 @@ TEST_F(FolderSearchTest, EndsAtTheLimitOfEntries) {
               scratch.at("many/7/below/wanted"));
 }
 
+TEST_F(FolderSearchTest, TheLimitOfEntriesHoldsWithinOneFolder) {
+    int found = 0;
+    for (int i = 0; i < 100; ++i) {
+        scratch.makeFolder("many/" + std::to_string(i));
+    }
+    for (int i = 0; i < 100; ++i) {
+        const auto wanted = identity("many/" + std::to_string(i));
+        found += FolderSearch(wanted, {.entries = 20}).around(scratch.at("many")) ? 1 : 0;
+    }
+    EXPECT_GT(found, 0);
+    EXPECT_LE(found, 20);
+}
+
 TEST_F(FolderSearchTest, EndsAtTheLimitOfTime) {
     scratch.makeFolder("wanted");
     const auto wanted = identity("wanted");

@@ -197,6 +197,19 @@ TEST_P(VolumesTest, TheSearchStaysOnTheVolume) {
     EXPECT_EQ(outcomes, "error 4");
 }
 
+TEST_P(VolumesTest, AFolderMovedOutOfTheMountedPartOfAVolumeIsGone) {
+    const auto outcomes = withOwnMounts([&] {
+        mountVolume(hidden);
+        scratch.makeFolder("hidden/part/Projects");
+        bindMount(hidden + "/part", place);
+        const auto bookmark = bookmarkOf(place + "/Projects");
+        scratch.rename("hidden/part/Projects", "hidden/Projects");
+        const auto resolved = bookmarks.resolve(bookmark);
+        return outcome(resolved) + ", " + resolved.error().description;
+    });
+    EXPECT_EQ(outcomes, "error 4, The folder \"Projects\" is not there any more.");
+}
+
 /// ramfs keeps no birth times and gives no handles, as do the file systems whose inode numbers mean
 /// nothing: the path decides.
 struct WeakVolumeTest : VolumesTest {
