@@ -1,6 +1,7 @@
 #include "platform/linux/PlistDomain.h"
 
 #include "support/ChildProcess.h"
+#include "support/FileContents.h"
 #include "support/PrivateMounts.h"
 #include "support/TemporaryFolder.h"
 
@@ -12,7 +13,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <thread>
 
 #include <fcntl.h>
@@ -37,8 +37,7 @@ struct PlistDomainTest : testing::Test {
     }
 
     [[nodiscard]] std::string contents(std::string_view name) const {
-        std::ifstream file(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        return contentsOf(path(name));
     }
 
     [[nodiscard]] std::vector<std::string> names() const {
