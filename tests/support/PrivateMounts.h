@@ -12,12 +12,16 @@
 namespace blankwell {
 
 /// Gives this process a view of its own of what is mounted where: what it mounts from now on only
-/// it and its children see. A process that is not root becomes the master of a user namespace.
-inline void enterPrivateMounts() {
-    const auto user = std::to_string(::getuid());
+/// it and its children see. A process that is not root gets a user namespace too, in which it is
+/// the user `user`.
+inline void enterPrivateMounts(uid_t user = ::getuid()) {
+    const auto outside = ::getuid();
+    const auto group = ::getgid();
     if (::unshare(CLONE_NEWNS) != 0) {
         ASSERT_EQ(::unshare(CLONE_NEWUSER | CLONE_NEWNS), 0) << "no namespaces for tests here";
-        std::ofstream("/proc/self/uid_map") << user + " " + user + " 1";
+        std::ofstream("/proc/self/uid_map") << user << ' ' << outside << " 1";
+        std::ofstream("/proc/self/setgroups") << "deny"; // else the kernel refuses the next line
+        std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
     }
     ASSERT_EQ(::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr), 0);
 }
