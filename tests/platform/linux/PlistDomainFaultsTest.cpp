@@ -1,6 +1,7 @@
 #include "platform/linux/PlistDomain.h"
 
 #include "support/ChildProcess.h"
+#include "support/FileContents.h"
 #include "support/PrivateMounts.h"
 #include "support/TemporaryFolder.h"
 
@@ -148,8 +149,7 @@ TEST_F(PlistDomainFaultsTest, ADamagedFileThatCannotBeKeptIsNotReplaced) {
     std::ofstream(path("d.plist")) << "damaged";
     ASSERT_EQ(::chmod(directory.c_str(), 0500), 0);
     unprivileged([this] { EXPECT_FALSE(domain.set("k", true)); });
-    std::ifstream file(path("d.plist"));
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "damaged");
+    EXPECT_EQ(contentsOf(path("d.plist")), "damaged");
 }
 
 TEST_F(PlistDomainFaultsTest, AnInterruptedWaitForTheLockGoesOn) {

@@ -2,11 +2,10 @@
 
 #include "platform/linux/PlistDomain.h"
 
+#include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 
-#include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace blankwell {
 namespace {
@@ -19,8 +18,7 @@ struct PlistDomainWorld {
     /// Adds a number, as another program would.
     void putForeign(const std::string& key) {
         const auto path = folder.url().path() + "/d.plist";
-        std::ifstream file(path);
-        std::string document(std::istreambuf_iterator<char>(file), {});
+        auto document = contentsOf(path);
         if (document.empty()) {
             document = "<plist version=\"1.0\"><dict></dict></plist>";
         }
