@@ -1,6 +1,5 @@
 #include "access/SecurityScopedBookmarkStore.h"
 
-#include "base/Bytes.h"
 #include "platform/Bookmarks.h"
 #include "platform/TextOrder.h"
 #include "platform/UserDefaults.h"
@@ -33,6 +32,12 @@ SecurityScopedFolderAccessError creationFailed(SystemError cause) {
 
 } // namespace
 
+/// A root, and its bookmark if the domain has one under the root's key.
+struct SecurityScopedBookmarkStore::SavedRoot {
+    FileUrl url;
+    std::optional<Bytes> bookmark;
+};
+
 SecurityScopedBookmarkStore::SecurityScopedBookmarkStore(PreferenceDomains& domains,
                                                          Bookmarks& bookmarks,
                                                          const TextOrder& order, Log& log)
@@ -54,41 +59,15 @@ SecurityScopedBookmarkStore::saveBookmark(const FileUrl& folder, const FileUrl& 
 }
 
 std::optional<FileUrl> SecurityScopedBookmarkStore::resolveBookmark(const FileUrl& root) {
-    auto& domain = defaults();
-    const auto key = keyOf(root);
-    const auto bookmark = domain.read<Bytes>(key);
-    if (!bookmark) {
-        return std::nullopt;
-    }
-    auto resolved = bookmarks_.resolve(*bookmark);
-    if (resolved) {
-        if (resolved->isStale) {
-            refresh(domain, key, resolved->url);
-        }
-        return std::move(resolved->url);
-    }
-    const auto path = root.standardized().path();
-    if (resolved.error().is(CocoaCode::fileReadCorruptFile)) {
-        logger_.notice("Discarding invalid security-scoped bookmark for {}: {}", path,
-                       resolved.error().description);
-        // A domain that cannot be written keeps the entry, which stays as useless as it was.
-        (void)domain.remove(key);
-    } else {
-        logger_.error(
-            "Keeping security-scoped bookmark for {} despite a transient resolve failure: {}", path,
-            resolved.error().description);
-    }
-    return std::nullopt;
+    const auto bookmark = defaults().read<Bytes>(keyOf(root));
+    return bookmark ? resolve(root, *bookmark) : std::nullopt;
 }
 
 std::vector<FileUrl> SecurityScopedBookmarkStore::savedFolderRoots() const {
     std::vector<FileUrl> roots;
-    for (const auto& key : defaults().keys(keyPrefix)) {
-        roots.push_back(FileUrl(key.substr(keyPrefix.size())).standardized());
+    for (auto& root : sortedRoots()) {
+        roots.push_back(std::move(root.url));
     }
-    std::ranges::stable_sort(roots, [&](const FileUrl& left, const FileUrl& right) {
-        return order_.standardCompare(left.path(), right.path()) < 0;
-    });
     return roots;
 }
 
@@ -100,11 +79,11 @@ std::optional<FileUrl> SecurityScopedBookmarkStore::savedAccessURL(const FileUrl
     const auto standardizedTarget = target.standardized();
     std::optional<FileUrl> best;
     std::size_t bestLength = 0;
-    for (const auto& root : savedFolderRoots()) {
-        if (!covers(root, standardizedTarget)) {
+    for (const auto& root : sortedRoots()) {
+        if (!root.bookmark || !covers(root.url, standardizedTarget)) {
             continue;
         }
-        auto resolved = resolveBookmark(root);
+        auto resolved = resolve(root.url, *root.bookmark);
         if (!resolved) {
             continue;
         }
@@ -121,11 +100,56 @@ UserDefaults& SecurityScopedBookmarkStore::defaults() const {
     return sharedDefaults(domains_);
 }
 
-void SecurityScopedBookmarkStore::refresh(UserDefaults& defaults, const std::string& key,
-                                          const FileUrl& resolved) {
+/// All roots in the file manager's order of their paths, as the domain holds them at one moment.
+std::vector<SecurityScopedBookmarkStore::SavedRoot>
+SecurityScopedBookmarkStore::sortedRoots() const {
+    std::vector<SavedRoot> roots;
+    for (auto& [key, value] : defaults().entries(keyPrefix)) {
+        const auto path = key.substr(keyPrefix.size());
+        SavedRoot root{.url = FileUrl(path).standardized()};
+        // A path that is not standardized names no bookmark: none was ever saved under it.
+        auto* const bookmark = value ? std::get_if<Bytes>(&*value) : nullptr;
+        if (bookmark != nullptr && root.url.path() == path) {
+            root.bookmark = std::move(*bookmark);
+        }
+        roots.push_back(std::move(root));
+    }
+    if (roots.size() < 2) {
+        return roots; // one needs no order, and no rules of the order loaded
+    }
+    std::ranges::stable_sort(roots, [&](const SavedRoot& left, const SavedRoot& right) {
+        return order_.standardCompare(left.url.path(), right.url.path()) < 0;
+    });
+    return roots;
+}
+
+std::optional<FileUrl> SecurityScopedBookmarkStore::resolve(const FileUrl& root,
+                                                            const Bytes& bookmark) {
+    auto resolved = bookmarks_.resolve(bookmark);
+    if (resolved) {
+        if (resolved->isStale) {
+            refresh(root, resolved->url);
+        }
+        return std::move(resolved->url);
+    }
+    const auto path = root.standardized().path();
+    if (resolved.error().is(CocoaCode::fileReadCorruptFile)) {
+        logger_.notice("Discarding invalid security-scoped bookmark for {}: {}", path,
+                       resolved.error().description);
+        // A domain that cannot be written keeps the entry, which stays as useless as it was.
+        (void)defaults().remove(keyOf(root));
+    } else {
+        logger_.error(
+            "Keeping security-scoped bookmark for {} despite a transient resolve failure: {}", path,
+            resolved.error().description);
+    }
+    return std::nullopt;
+}
+
+void SecurityScopedBookmarkStore::refresh(const FileUrl& root, const FileUrl& resolved) {
     if (auto fresh = bookmarks_.create(resolved)) {
         // The old bookmark leads to the folder as well, so it may stay where this cannot be saved.
-        (void)defaults.set(key, *std::move(fresh));
+        (void)defaults().set(keyOf(root), *std::move(fresh));
     }
 }
 

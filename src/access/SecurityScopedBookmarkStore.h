@@ -1,6 +1,7 @@
 #pragma once
 
 #include "access/SecurityScopedFolderAccessError.h"
+#include "base/Bytes.h"
 #include "base/FileUrl.h"
 #include "platform/Log.h"
 
@@ -49,8 +50,12 @@ public:
     [[nodiscard]] std::optional<FileUrl> savedAccessURL(const FileUrl& target);
 
 private:
+    struct SavedRoot;
+
     [[nodiscard]] UserDefaults& defaults() const;
-    void refresh(UserDefaults& defaults, const std::string& key, const FileUrl& resolved);
+    [[nodiscard]] std::vector<SavedRoot> sortedRoots() const;
+    [[nodiscard]] std::optional<FileUrl> resolve(const FileUrl& root, const Bytes& bookmark);
+    void refresh(const FileUrl& root, const FileUrl& resolved);
 
     PreferenceDomains& domains_;
     Bookmarks& bookmarks_;

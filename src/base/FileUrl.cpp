@@ -13,31 +13,33 @@ std::string withoutTrailingSlashes(std::string path) {
     return path;
 }
 
-bool isStandardized(std::string_view path) {
-    std::size_t start = 0;
-    while (start < path.size()) {
-        const auto end = std::min(path.find('/', start), path.size());
-        const auto component = path.substr(start, end - start);
-        const bool leadsAbsolutePath = start == 0 && component.empty();
-        if ((component.empty() && !leadsAbsolutePath) || component == "." || component == "..") {
+/// Whether a component of dots, or none, follows the slash at `slash`.
+bool isFollowedByDots(std::string_view path, std::size_t slash) {
+    auto end = slash + 1;
+    while (end < path.size() && end - slash <= 2 && path[end] == '.') {
+        ++end;
+    }
+    return end == path.size() || path[end] == '/';
+}
+
+bool hasNothingToStandardize(std::string_view path) {
+    if (path.size() <= 1) {
+        return path != ".";
+    }
+    if (!path.starts_with('/')) {
+        return false; // seldom, and not worth a second rule
+    }
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        if (path[i] == '/' && isFollowedByDots(path, i)) {
             return false;
         }
-        start = end + 1;
     }
     return true;
 }
 
-} // namespace
-
-FileUrl::FileUrl(std::string path) : path_(withoutTrailingSlashes(std::move(path))) {}
-
-FileUrl FileUrl::standardized() const {
-    if (isStandardized(path_)) {
-        return *this;
-    }
-    const bool isAbsolute = path_.starts_with('/');
+std::string standardizedPath(std::string_view path) {
+    const bool isAbsolute = path.starts_with('/');
     std::vector<std::string_view> kept;
-    const std::string_view path = path_;
     for (std::size_t start = 0; start < path.size();) {
         const auto end = std::min(path.find('/', start), path.size());
         const auto component = path.substr(start, end - start);
@@ -60,7 +62,38 @@ FileUrl FileUrl::standardized() const {
         }
         result += component;
     }
-    return FileUrl(std::move(result));
+    return result;
+}
+
+/// Whether `component` stands in a standardized path as it is.
+bool isPlainName(std::string_view component) {
+    return !component.empty() && component != "." && component != ".." && !component.contains('/');
+}
+
+/// `covers` for standardized paths.
+bool isAtOrBelow(std::string_view root, std::string_view target) {
+    return target.starts_with(root) &&
+           (target.size() == root.size() || (target[root.size()] == '/' && !root.ends_with('/')));
+}
+
+} // namespace
+
+FileUrl::FileUrl(std::string path) : path_(withoutTrailingSlashes(std::move(path))) {}
+
+FileUrl FileUrl::standardized() const& {
+    return FileUrl(*this).standardized();
+}
+
+FileUrl FileUrl::standardized() && {
+    if (!isStandardized()) {
+        path_ = standardizedPath(path_);
+    }
+    isKnownStandardized_ = true;
+    return std::move(*this);
+}
+
+bool FileUrl::isStandardized() const {
+    return isKnownStandardized_ || hasNothingToStandardize(path_);
 }
 
 std::string_view FileUrl::lastPathComponent() const {
@@ -76,7 +109,9 @@ FileUrl FileUrl::appending(std::string_view component) const {
         path += '/';
     }
     path += component;
-    return FileUrl(std::move(path));
+    FileUrl url(std::move(path));
+    url.isKnownStandardized_ = isKnownStandardized_ && isPlainName(component);
+    return url;
 }
 
 FileUrl FileUrl::deletingLastPathComponent() const {
@@ -84,17 +119,16 @@ FileUrl FileUrl::deletingLastPathComponent() const {
     if (slash == std::string::npos) {
         return FileUrl("");
     }
-    return FileUrl(path_.substr(0, std::max<std::size_t>(slash, 1)));
+    FileUrl folder(path_.substr(0, std::max<std::size_t>(slash, 1)));
+    folder.isKnownStandardized_ = isKnownStandardized_;
+    return folder;
 }
 
 bool covers(const FileUrl& root, const FileUrl& target) {
-    const auto rootPath = root.standardized().path();
-    const auto targetPath = target.standardized().path();
-    if (rootPath == targetPath) {
-        return true;
+    if (root.isStandardized() && target.isStandardized()) {
+        return isAtOrBelow(root.path(), target.path());
     }
-    return targetPath.size() > rootPath.size() && targetPath.starts_with(rootPath) &&
-           targetPath[rootPath.size()] == '/' && !rootPath.ends_with('/');
+    return isAtOrBelow(root.standardized().path(), target.standardized().path());
 }
 
 } // namespace blankwell

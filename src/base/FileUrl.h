@@ -19,7 +19,11 @@ public:
     [[nodiscard]] const std::string& path() const { return path_; }
 
     /// The same place with runs of `/` made one and `.` and `..` taken out by their text alone.
-    [[nodiscard]] FileUrl standardized() const;
+    [[nodiscard]] FileUrl standardized() const&;
+    [[nodiscard]] FileUrl standardized() &&;
+
+    /// Whether `standardized()` would change nothing.
+    [[nodiscard]] bool isStandardized() const;
 
     /// What follows the last `/`; of the root, the slash itself.
     [[nodiscard]] std::string_view lastPathComponent() const;
@@ -30,11 +34,19 @@ public:
     /// The folder that holds this place; the root holds itself.
     [[nodiscard]] FileUrl deletingLastPathComponent() const;
 
-    friend bool operator==(const FileUrl&, const FileUrl&) = default;
-    friend std::strong_ordering operator<=>(const FileUrl&, const FileUrl&) = default;
+    friend bool operator==(const FileUrl& left, const FileUrl& right) {
+        return left.path_ == right.path_;
+    }
+
+    friend std::strong_ordering operator<=>(const FileUrl& left, const FileUrl& right) {
+        return left.path_ <=> right.path_;
+    }
 
 private:
     std::string path_;
+    /// The path is known to be standardized already, which is asked for again and again on the way
+    /// of a URL through the program.
+    bool isKnownStandardized_ = false;
 };
 
 /// Whether access to `root` is access to `target`: the standardized paths are equal, or the

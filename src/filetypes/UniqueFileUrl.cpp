@@ -2,8 +2,6 @@
 
 #include "platform/FileSystem.h"
 
-#include <fmt/format.h>
-
 #include <charconv>
 #include <cstdint>
 #include <string>
@@ -20,13 +18,16 @@ constexpr std::uint64_t namesBeforeListing = 16;
 class NumberedNames {
 public:
     NumberedNames(std::string_view baseName, std::string_view fileExtension)
-        : prefix_(fmt::format("{} ", baseName)), suffix_(fmt::format(".{}", fileExtension)) {}
+        : prefix_(baseName), suffix_(".") {
+        prefix_ += ' ';
+        suffix_ += fileExtension;
+    }
 
     [[nodiscard]] std::string name(std::uint64_t number) const {
         if (number == 1) {
             return prefix_.substr(0, prefix_.size() - 1) + suffix_;
         }
-        return fmt::format("{}{}{}", prefix_, number, suffix_);
+        return prefix_ + std::to_string(number) + suffix_;
     }
 
     /// The number from 2 up that `name` carries, spelled exactly as `name(number)` does; else 0.

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace blankwell {
 
@@ -11,7 +10,7 @@ class Environment {
 public:
     virtual ~Environment() = default;
 
-    [[nodiscard]] virtual std::optional<std::string> variable(std::string_view name) const = 0;
+    [[nodiscard]] virtual std::optional<std::string> variable(const char* name) const = 0;
 };
 
 } // namespace blankwell

@@ -15,6 +15,14 @@ namespace blankwell {
 /// What a preference domain holds under a key. Each form comes back as it was stored.
 using PropertyValue = std::variant<bool, std::string, Bytes, std::vector<std::string>>;
 
+/// A key of a preference domain, and its value if that has a form of `PropertyValue`.
+struct PropertyEntry {
+    std::string key;
+    std::optional<PropertyValue> value;
+
+    friend bool operator==(const PropertyEntry&, const PropertyEntry&) = default;
+};
+
 /// One preference domain: typed values under keys, shared with every process that opens the domain.
 ///
 /// A read sees what any process wrote last. A value of a form that `PropertyValue` does not have
@@ -26,8 +34,9 @@ public:
 
     [[nodiscard]] virtual std::optional<PropertyValue> value(std::string_view key) const = 0;
 
-    /// The keys that begin with `prefix` and hold a value of any form, in ascending byte order.
-    [[nodiscard]] virtual std::vector<std::string> keys(std::string_view prefix) const = 0;
+    /// What the domain holds at one moment under the keys that begin with `prefix`, in ascending
+    /// byte order of the keys.
+    [[nodiscard]] virtual std::vector<PropertyEntry> entries(std::string_view prefix) const = 0;
 
     /// Stores `value` under `key`. On an error the domain is as it was.
     virtual std::expected<void, SystemError> set(std::string_view key, PropertyValue value) = 0;
@@ -35,6 +44,9 @@ public:
     /// Takes `key` out; succeeds without a write if it is absent. On an error the domain is as it
     /// was.
     virtual std::expected<void, SystemError> remove(std::string_view key) = 0;
+
+    /// The keys of `entries(prefix)`.
+    [[nodiscard]] std::vector<std::string> keys(std::string_view prefix) const;
 
     /// The value under `key` if it has the form `Form`.
     template <typename Form>

@@ -10,7 +10,7 @@ namespace blankwell {
 /// `BLANKWELL_TEST_SET` is "value" and `BLANKWELL_TEST_EMPTY` is set to nothing.
 template <typename Subject>
 struct EnvironmentContract : testing::Test {
-    [[nodiscard]] std::optional<std::string> variable(std::string_view name) {
+    [[nodiscard]] std::optional<std::string> variable(const char* name) {
         return subject.environment().variable(name);
     }
 

@@ -23,7 +23,7 @@ public:
 /// An environment of the variables that a test sets.
 class FakeEnvironment : public Environment {
 public:
-    std::optional<std::string> variable(std::string_view name) const override {
+    std::optional<std::string> variable(const char* name) const override {
         const auto found = variables.find(name);
         return found == variables.end() ? std::nullopt : std::optional(found->second);
     }

@@ -16,20 +16,19 @@ public:
         return found == values.end() ? std::nullopt : std::optional(found->second);
     }
 
-    std::vector<std::string> keys(std::string_view prefix) const override {
+    std::vector<PropertyEntry> entries(std::string_view prefix) const override {
         ++reads;
-        std::set<std::string> found;
-        for (const auto& [key, value] : values) {
-            if (key.starts_with(prefix)) {
-                found.insert(key);
-            }
-        }
+        std::map<std::string, std::optional<PropertyValue>> all(values.begin(), values.end());
         for (const auto& key : foreignKeys) {
+            all[key] = std::nullopt;
+        }
+        std::vector<PropertyEntry> found;
+        for (const auto& [key, value] : all) {
             if (key.starts_with(prefix)) {
-                found.insert(key);
+                found.push_back({key, value});
             }
         }
-        return {found.begin(), found.end()};
+        return found;
     }
 
     std::expected<void, SystemError> set(std::string_view key, PropertyValue value) override {

@@ -53,12 +53,6 @@ bool makeHandle(const std::string& path, HandleBuffer& buffer) {
            0;
 }
 
-bool hasHandleOf(const std::string& path, const FolderIdentity& identity) {
-    HandleBuffer buffer;
-    return makeHandle(path, buffer) && buffer.get()->handle_type == identity.handleType &&
-           std::string_view(buffer.bytes(), buffer.get()->handle_bytes) == identity.handle;
-}
-
 /// The kernel's own name of an open folder.
 std::expected<std::string, int> nameOf(const FileDescriptor& folder) {
     std::array<char, PATH_MAX> name{};
@@ -96,7 +90,16 @@ std::expected<bool, int> leadsTo(const std::string& path, const FolderIdentity& 
     const auto there = identityWithoutHandle(*status);
     return S_ISDIR(status->stx_mode) && there.inode == identity.inode &&
            there.birthTime == identity.birthTime &&
-           (identity.handle.empty() || hasHandleOf(path, identity));
+           (identity.handle.empty() || leadsToHandle(path, identity) == true);
+}
+
+std::expected<bool, int> leadsToHandle(const std::string& path, const FolderIdentity& identity) {
+    HandleBuffer buffer;
+    if (!makeHandle(path, buffer)) {
+        return errno == EOPNOTSUPP ? std::expected<bool, int>(false) : std::unexpected(errno);
+    }
+    return buffer.get()->handle_type == identity.handleType &&
+           std::string_view(buffer.bytes(), buffer.get()->handle_bytes) == identity.handle;
 }
 
 std::expected<std::string, int> pathByHandle(const FolderIdentity& identity,

@@ -43,6 +43,11 @@ struct FolderIdentity {
 [[nodiscard]] std::expected<bool, int> leadsTo(const std::string& path,
                                                const FolderIdentity& identity);
 
+/// As `leadsTo`, told by the handle alone, which `identity` must have: one system call, for file
+/// systems whose handles are random.
+[[nodiscard]] std::expected<bool, int> leadsToHandle(const std::string& path,
+                                                     const FolderIdentity& identity);
+
 /// Where the folder `identity` stands now, asked of the kernel by its handle. `anyFolder` is a
 /// folder in the mount that holds it.
 ///

@@ -3,7 +3,6 @@
 #include "platform/AccessScopes.h"
 
 #include <map>
-#include <set>
 #include <vector>
 
 namespace blankwell {
@@ -30,9 +29,8 @@ public:
     [[nodiscard]] std::vector<FileUrl> openFoldersCovering(const FileUrl& target) const;
 
 private:
-    std::set<FileUrl> admitted_;
-    /// How many starts of a folder are owed a stop; never zero.
-    std::map<FileUrl, int> open_;
+    /// The admitted folders, standardized, and how many starts of each are owed a stop.
+    std::map<FileUrl, int> openings_;
 };
 
 } // namespace blankwell

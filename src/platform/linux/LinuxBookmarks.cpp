@@ -3,7 +3,6 @@
 #include "platform/linux/BookmarkErrors.h"
 #include "platform/linux/LinuxAccessScopes.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <optional>
@@ -109,6 +108,14 @@ std::expected<std::string, SystemError> locateByPath(const BookmarkBlob& blob) {
     return blob.path;
 }
 
+/// Whether the bookmark's folder is where the bookmark says.
+std::expected<bool, int> isAtItsPath(const BookmarkBlob& blob) {
+    if (!blob.folder.handle.empty() && hasRandomHandles(blob.volume.kind)) {
+        return leadsToHandle(blob.path, blob.folder);
+    }
+    return leadsTo(blob.path, blob.folder);
+}
+
 /// Whether the user named a link, and the link was made to lead elsewhere since: what it led to is
 /// not meant any more, even if it is still there.
 bool wasRetargeted(const BookmarkBlob& blob) {
@@ -151,8 +158,8 @@ std::expected<Bytes, SystemError> LinuxBookmarks::create(const FileUrl& folder) 
 
 std::expected<ResolvedBookmark, SystemError>
 LinuxBookmarks::resolve(std::span<const std::byte> bookmark) {
-    const auto blob = decodeBookmark(bookmark);
-    if (!blob) {
+    const auto* const blob = decoded(bookmark);
+    if (blob == nullptr) {
         return std::unexpected(unreadableBookmark());
     }
     auto path = locate(*blob);
@@ -160,7 +167,7 @@ LinuxBookmarks::resolve(std::span<const std::byte> bookmark) {
         return std::unexpected(std::move(path.error()));
     }
     const bool isStale = *path != blob->path;
-    FileUrl url(std::move(*path));
+    auto url = FileUrl(std::move(*path)).standardized();
     if (auto refusal = refusalToWriteIn(url)) {
         return std::unexpected(std::move(*refusal));
     }
@@ -168,12 +175,21 @@ LinuxBookmarks::resolve(std::span<const std::byte> bookmark) {
     return ResolvedBookmark{.url = std::move(url), .isStale = isStale};
 }
 
+/// What `bookmark` says, valid until the next call; nullptr if it is none.
+const BookmarkBlob* LinuxBookmarks::decoded(std::span<const std::byte> bookmark) {
+    if (!lastBlob_ || textOf(bookmark) != textOf(lastBookmark_)) {
+        lastBlob_ = decodeBookmark(bookmark);
+        lastBookmark_.assign(bookmark.begin(), bookmark.end());
+    }
+    return lastBlob_ ? &*lastBlob_ : nullptr;
+}
+
 std::expected<std::string, SystemError> LinuxBookmarks::locate(const BookmarkBlob& blob) const {
     if (blob.strength == IdentityStrength::weak) {
         return locateByPath(blob);
     }
     const FileUrl folder(blob.path);
-    const auto isThere = leadsTo(blob.path, blob.folder);
+    const auto isThere = isAtItsPath(blob);
     // The root folders of two volumes can look the same; all other identities are unique.
     const bool isMountRoot = blob.ancestors.empty();
     if (isThere == true && !isMountRoot) {

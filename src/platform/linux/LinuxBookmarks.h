@@ -44,8 +44,13 @@ private:
     [[nodiscard]] std::expected<std::string, SystemError> locate(const BookmarkBlob& blob) const;
     [[nodiscard]] std::optional<std::string> find(const BookmarkBlob& blob) const;
 
+    const BookmarkBlob* decoded(std::span<const std::byte> bookmark);
+
     LinuxAccessScopes& scopes_;
     FolderSearch::Limits limits_;
+    /// The bookmark that was decoded last, since many files in a row go into one folder.
+    Bytes lastBookmark_;
+    std::optional<BookmarkBlob> lastBlob_;
 };
 
 } // namespace blankwell

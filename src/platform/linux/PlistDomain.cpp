@@ -68,8 +68,8 @@ std::optional<PropertyValue> PlistDomain::value(std::string_view key) const {
     return found == nullptr ? std::nullopt : std::optional(*found);
 }
 
-std::vector<std::string> PlistDomain::keys(std::string_view prefix) const {
-    return refresh() ? list_.keys(prefix) : std::vector<std::string>();
+std::vector<PropertyEntry> PlistDomain::entries(std::string_view prefix) const {
+    return refresh() ? list_.entries(prefix) : std::vector<PropertyEntry>();
 }
 
 std::expected<void, SystemError> PlistDomain::set(std::string_view key, PropertyValue value) {

@@ -28,7 +28,7 @@ public:
     PlistDomain(std::string_view directory, std::string_view name);
 
     [[nodiscard]] std::optional<PropertyValue> value(std::string_view key) const override;
-    [[nodiscard]] std::vector<std::string> keys(std::string_view prefix) const override;
+    [[nodiscard]] std::vector<PropertyEntry> entries(std::string_view prefix) const override;
     std::expected<void, SystemError> set(std::string_view key, PropertyValue value) override;
     std::expected<void, SystemError> remove(std::string_view key) override;
 

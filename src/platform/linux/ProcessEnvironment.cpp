@@ -4,8 +4,8 @@
 
 namespace blankwell {
 
-std::optional<std::string> ProcessEnvironment::variable(std::string_view name) const {
-    const char* const value = std::getenv(std::string(name).c_str());
+std::optional<std::string> ProcessEnvironment::variable(const char* name) const {
+    const char* const value = std::getenv(name);
     return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 

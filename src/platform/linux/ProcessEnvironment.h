@@ -7,7 +7,7 @@ namespace blankwell {
 /// The environment of this process as it is now.
 class ProcessEnvironment : public Environment {
 public:
-    [[nodiscard]] std::optional<std::string> variable(std::string_view name) const override;
+    [[nodiscard]] std::optional<std::string> variable(const char* name) const override;
 };
 
 } // namespace blankwell

@@ -232,11 +232,12 @@ const PropertyValue* PropertyList::find(std::string_view key) const {
     return found == entries_.end() ? nullptr : std::get_if<PropertyValue>(&found->second);
 }
 
-std::vector<std::string> PropertyList::keys(std::string_view prefix) const {
-    std::vector<std::string> found;
+std::vector<PropertyEntry> PropertyList::entries(std::string_view prefix) const {
+    std::vector<PropertyEntry> found;
     for (auto entry = entries_.lower_bound(prefix);
          entry != entries_.end() && entry->first.starts_with(prefix); ++entry) {
-        found.push_back(entry->first);
+        const auto* const value = std::get_if<PropertyValue>(&entry->second);
+        found.push_back({entry->first, value == nullptr ? std::nullopt : std::optional(*value)});
     }
     return found;
 }

@@ -38,8 +38,8 @@ public:
     /// Whether there is a value of any form under `key`.
     [[nodiscard]] bool contains(std::string_view key) const { return entries_.contains(key); }
 
-    /// The keys that begin with `prefix`, in ascending byte order.
-    [[nodiscard]] std::vector<std::string> keys(std::string_view prefix) const;
+    /// The entries whose keys begin with `prefix`, in ascending byte order of the keys.
+    [[nodiscard]] std::vector<PropertyEntry> entries(std::string_view prefix) const;
 
     void set(std::string_view key, PropertyValue value);
 

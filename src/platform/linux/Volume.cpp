@@ -34,7 +34,18 @@ constexpr std::array<std::uint64_t, 2> kindsWithLastingIds{
     0x9123683e, // btrfs
 };
 
+/// Their `i_generation` is drawn at random for each new inode.
+constexpr std::array<std::uint64_t, 3> kindsWithRandomHandles{
+    0x0000ef53, // ext2, ext3, ext4
+    0x01021994, // tmpfs
+    0x58465342, // xfs
+};
+
 } // namespace
+
+bool hasRandomHandles(std::uint64_t kind) {
+    return std::ranges::find(kindsWithRandomHandles, kind) != kindsWithRandomHandles.end();
+}
 
 IdentityStrength identityStrength(std::uint64_t kind) {
     const bool isWeak = std::ranges::find(weakKinds, kind) != weakKinds.end();

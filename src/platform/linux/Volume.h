@@ -32,6 +32,10 @@ struct VolumeIdentity {
 /// kind is strong.
 [[nodiscard]] IdentityStrength identityStrength(std::uint64_t kind);
 
+/// Whether file handles on a file system of the kind `kind` hold a random number for each inode, so
+/// that a handle alone tells a folder from all others, those of other volumes included.
+[[nodiscard]] bool hasRandomHandles(std::uint64_t kind);
+
 /// The volume that holds `path`. Errors: `errno` values.
 [[nodiscard]] std::expected<VolumeIdentity, int> identifyVolume(const std::string& path);
 

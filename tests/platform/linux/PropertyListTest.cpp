@@ -200,7 +200,7 @@ TEST(PropertyList, ManyValuesSideBySideAreNoNesting) {
     }
     const auto read = PropertyList::parse(list.xml().value());
     ASSERT_TRUE(read);
-    EXPECT_EQ(read->keys("").size(), 2000U);
+    EXPECT_EQ(read->entries("").size(), 2000U);
 }
 
 TEST(PropertyList, AListTooLargeToBeReadAgainIsNotWritten) {
