@@ -22,18 +22,6 @@ std::vector<std::string> windowNumbers() {
             std::sregex_token_iterator()};
 }
 
-/// The number of the window titled `title`; empty where there is none.
-std::string windowCalled(const std::string& title) {
-    const auto titles = windowTitles();
-    const auto numbers = windowNumbers();
-    for (std::size_t i = 0; i < std::min(titles.size(), numbers.size()); ++i) {
-        if (titles[i] == title) {
-            return std::to_string(std::stoul(numbers[i], nullptr, 16));
-        }
-    }
-    return "";
-}
-
 std::optional<FileUrl> firstFileIn(const std::string& clipboard) {
     const auto start = clipboard.find("file://");
     if (start == std::string::npos) {
@@ -83,16 +71,21 @@ bool windowAppears(const std::string& title) {
 
 bool bringToFront(const std::string& title) {
     return eventually([&] {
-        const auto window = windowCalled(title);
+        const auto window = windowNumber(title);
         outputOf({"xdotool", "windowactivate", window});
         return outputOf({"xdotool", "getactivewindow"}) == window + '\n';
     });
 }
 
-void commandWindow(const std::string& title, const std::vector<std::string>& command) {
-    Arguments arguments{"xdotool", command.front(), windowCalled(title)};
-    arguments.insert(arguments.end(), command.begin() + 1, command.end());
-    outputOf(arguments);
+std::string windowNumber(const std::string& title) {
+    const auto titles = windowTitles();
+    const auto numbers = windowNumbers();
+    for (std::size_t i = 0; i < std::min(titles.size(), numbers.size()); ++i) {
+        if (titles[i] == title) {
+            return std::to_string(std::stoul(numbers[i], nullptr, 16));
+        }
+    }
+    return "";
 }
 
 void type(const std::string& keys) {

@@ -108,7 +108,7 @@ TEST_F(FrontFolderTest, AMinimisedWindowDoesNotCount) {
     const Program nautilus({"nautilus", foo.path()});
     ASSERT_TRUE(becomes(foo));
 
-    commandWindow("foo", {"windowminimize"});
+    outputOf({"xdotool", "windowminimize", windowNumber("foo")});
     EXPECT_TRUE(eventually([&] { return front.path() == noWindow; }));
 }
 
@@ -116,7 +116,7 @@ TEST_F(FrontFolderTest, AWindowOnAnotherVirtualDesktopDoesNotCount) {
     const Program nautilus({"nautilus", foo.path()});
     ASSERT_TRUE(becomes(foo));
 
-    commandWindow("foo", {"set_desktop_for_window", "1"});
+    outputOf({"xdotool", "set_desktop_for_window", windowNumber("foo"), "1"});
     EXPECT_TRUE(eventually([&] { return front.path() == noWindow; }));
 }
 
@@ -227,11 +227,13 @@ TEST_F(FrontFolderTest, TheDesktopThatAFileManagerDrawsIsTheDesktopFolder) {
 }
 
 TEST_F(FrontFolderTest, AskingStartsNoFileManager) {
+    showPathsInThunarTitles();
     const Program thunar({"thunar", foo.path()});
-    ASSERT_TRUE(windowAppears("foo - Thunar"));
-    commandWindow("foo - Thunar", {"set_window", "--class", "org.gnome.Nautilus"});
+    ASSERT_TRUE(becomes(foo));
+    const auto window = windowNumber(foo.path() + " - Thunar");
+    outputOf({"xdotool", "set_window", "--class", "org.gnome.Nautilus", window});
 
-    EXPECT_EQ(front.path(), std::nullopt);
+    EXPECT_TRUE(eventually([&] { return !front.path(); }));
     EXPECT_FALSE(eventually([] { return isOnBus("org.gnome.Nautilus"); }, milliseconds(1500)));
 }
 
