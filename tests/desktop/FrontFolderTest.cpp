@@ -23,6 +23,10 @@ void showPathsInThunarTitles() {
               "/misc-full-path-in-window-title", "--create", "--type", "bool", "--set", "true"});
 }
 
+void letRootUseNemo() {
+    outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
+}
+
 struct FrontFolderTest : testing::Test {
     bool becomes(const FileUrl& folder) {
         const bool became = eventually([&] { return front.path() == folder.path(); });
@@ -221,9 +225,16 @@ TEST_F(FrontFolderTest, AFolderThatIsGoneIsNone) {
 
 TEST_F(FrontFolderTest, TheDesktopThatAFileManagerDrawsIsTheDesktopFolder) {
     const auto desktop = makeFolder("Desktop");
-    outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
+    letRootUseNemo();
     const Program nemo({"nemo-desktop"});
     EXPECT_TRUE(becomes(desktop));
+}
+
+TEST_F(FrontFolderTest, ADrawnDesktopWithoutItsFolderIsNone) {
+    wellKnown.desktopName = "Missing";
+    letRootUseNemo();
+    const Program nemo({"nemo-desktop"});
+    EXPECT_TRUE(eventually([&] { return !front.path(); }));
 }
 
 TEST_F(FrontFolderTest, AskingStartsNoFileManager) {
