@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <thread>
 
 namespace blankwell {
 namespace {
@@ -94,6 +95,8 @@ void type(const std::string& keys) {
 
 std::optional<FileUrl> copiedFile() {
     type("ctrl+c");
+    // Keys that come faster than a window is filled keep it from taking the keyboard in its list.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     return firstFileIn(
         outputOf({"xclip", "-selection", "clipboard", "-target", "text/uri-list", "-out"}));
 }
