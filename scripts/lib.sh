@@ -3,8 +3,17 @@
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
     libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
-test_packages=(libgtest-dev libgmock-dev python3 python3-docx python3-openpyxl poppler-utils
-    libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui)
+test_packages=(libgtest-dev libgmock-dev
+    # the templates
+    python3 python3-docx python3-openpyxl poppler-utils
+    libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui
+    # the command line, its manual and its completions
+    binutils groff zsh fish
+    # the services of the system
+    systemd locales xdg-user-dirs e2fsprogs mount
+    # the desktop and its file managers
+    xvfb openbox xdotool x11-utils xclip dbus-daemon xfconf libglib2.0-bin
+    nautilus thunar dolphin nemo)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
 bench_packages=(libbenchmark-dev)

@@ -2,6 +2,8 @@
 
 #include "base/FileUrl.h"
 
+#include <utility>
+
 namespace blankwell {
 
 /// Opens and closes the access that a resolved bookmark grants.
@@ -19,9 +21,9 @@ public:
 /// One access to a folder, closed at the end of this value's life if it was opened at its start.
 class AccessScope {
 public:
-    /// Both must outlive this object.
-    AccessScope(AccessScopes& scopes, const FileUrl& url)
-        : scopes_(scopes), url_(url), started_(scopes_.start(url)) {}
+    /// `scopes` must outlive this object.
+    AccessScope(AccessScopes& scopes, FileUrl url)
+        : scopes_(scopes), url_(std::move(url)), started_(scopes_.start(url_)) {}
 
     ~AccessScope() {
         if (started_) {
@@ -34,7 +36,7 @@ public:
 
 private:
     AccessScopes& scopes_;
-    const FileUrl& url_;
+    FileUrl url_;
     bool started_;
 };
 

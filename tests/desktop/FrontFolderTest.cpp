@@ -27,6 +27,21 @@ void letRootUseNemo() {
     outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
 }
 
+/// How many places Nautilus shows in all of its tabs.
+std::ptrdiff_t nautilusTabs() {
+    const auto windows =
+        outputOf({"gdbus", "call", "--session", "--timeout", "1", "--dest", "org.gnome.Nautilus",
+                  "--object-path", "/org/freedesktop/FileManager1", "--method",
+                  "org.freedesktop.DBus.Properties.Get", "org.freedesktop.FileManager1",
+                  "OpenWindowsWithLocations"});
+    std::ptrdiff_t count = 0;
+    for (auto at = windows.find("file://"); at != std::string::npos;
+         at = windows.find("file://", at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 struct FrontFolderTest : testing::Test {
     bool becomes(const FileUrl& folder) {
         const bool became = eventually([&] { return front.path() == folder.path(); });
@@ -83,6 +98,7 @@ TEST_F(FrontFolderTest, OfSeveralNautilusTabsTheFrontOneCounts) {
     ASSERT_TRUE(bringToFront("foo"));
 
     type("ctrl+t");
+    ASSERT_TRUE(eventually([] { return nautilusTabs() == 2; }));
     type("alt+Up");
     ASSERT_TRUE(windowAppears("Projects"));
     EXPECT_TRUE(becomes(projects));

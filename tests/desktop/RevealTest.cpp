@@ -181,7 +181,7 @@ TEST_F(RevealTest, ABusThatBeginsToHangIsGivenUpWithinTheBound) {
 
     EXPECT_LT(timeToReveal(), milliseconds(400));
     ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_THAT(log.lines[0].message, EndsWith("does not answer: Connection timed out"));
+    EXPECT_THAT(log.lines[0].message, EndsWith("does not answer: Connection timed out."));
 }
 
 TEST_F(RevealTest, ABusThatWasStartedAgainIsUsed) {
@@ -206,7 +206,7 @@ TEST_F(RevealTest, WithoutAnyFileManagerOneLineIsLogged) {
     EXPECT_EQ(log.lines[0].level, LogLevel::error);
     EXPECT_EQ(log.lines[0].category, "Workspace");
     EXPECT_THAT(log.lines[0].message,
-                EndsWith("No file manager is installed: No such file or directory"));
+                EndsWith("No file manager is installed: No such file or directory."));
 }
 
 } // namespace

@@ -64,7 +64,7 @@ TEST_F(FileManagerWorkspaceTest, WithoutABusOneLineIsLoggedAtOnce) {
     EXPECT_EQ(log.lines[0].level, LogLevel::error);
     EXPECT_EQ(log.lines[0].category, "Workspace");
     EXPECT_EQ(log.lines[0].message, "file:///a/b%0Ac.txt is not shown in the file manager. "
-                                    "The session bus cannot be reached: No such file or directory");
+                                    "The session bus cannot be reached: No such file or directory.");
 }
 
 TEST_F(FileManagerWorkspaceTest, AHungBusIsGivenUpWithinTheBound) {

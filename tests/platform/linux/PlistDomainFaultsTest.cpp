@@ -74,7 +74,7 @@ TEST_F(PlistDomainFaultsTest, AFullDiskLeavesTheDomainAsItWas) {
         ASSERT_FALSE(saved);
         EXPECT_EQ(saved.error().code, ENOSPC);
         EXPECT_EQ(saved.error().description,
-                  fmt::format("Could not save the settings in {}: No space left on device",
+                  fmt::format("Could not save the settings in {}: No space left on device.",
                               path("d.plist")));
         EXPECT_THAT(PlistDomain(directory, "d").keys(""), ElementsAre("k"));
         EXPECT_THAT(names(), Not(Contains("d.plist.tmp")));
@@ -131,7 +131,7 @@ TEST_F(PlistDomainFaultsTest, AnUnreadableFileIsNeverReplaced) {
         ASSERT_FALSE(saved);
         EXPECT_EQ(
             saved.error().description,
-            fmt::format("Could not read the settings in {}: Permission denied", path("d.plist")));
+            fmt::format("Could not read the settings in {}: Permission denied.", path("d.plist")));
     });
     EXPECT_THAT(PlistDomain(directory, "d").keys(""), ElementsAre("k"));
 }

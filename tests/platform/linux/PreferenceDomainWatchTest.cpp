@@ -117,7 +117,7 @@ TEST_F(PreferenceDomainWatchTest, AFolderThatCannotBeMadeIsAnError) {
     ASSERT_FALSE(failed);
     EXPECT_EQ(
         failed.error().description,
-        fmt::format("Could not watch the settings in {}/d.plist: Not a directory", file.path()));
+        fmt::format("Could not watch the settings in {}/d.plist: Not a directory.", file.path()));
 }
 
 } // namespace
