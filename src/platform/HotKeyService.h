@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <expected>
+#include <functional>
+
+namespace blankwell {
+
+/// What an operation of the hot key service came to: `noErr`, or a number of the service's own that
+/// is only good for the log.
+using HotKeyStatus = int;
+
+inline constexpr HotKeyStatus noErr = 0;
+
+/// Tells hot keys apart: whose it is, and which one.
+struct EventHotKeyID {
+    std::uint32_t signature = 0;
+    std::uint32_t id = 0;
+
+    friend bool operator==(const EventHotKeyID&, const EventHotKeyID&) = default;
+};
+
+/// A hot key that was pressed. Borrowed by the handler for the time of its call.
+class HotKeyEvent {
+public:
+    virtual ~HotKeyEvent() = default;
+
+    /// The id that the hot key was registered with. Errors: a status where the event has none.
+    [[nodiscard]] virtual std::expected<EventHotKeyID, HotKeyStatus> hotKeyID() const = 0;
+};
+
+/// Keys that reach the application whichever program the user works in.
+///
+/// Where the desktop gives no such keys away, or gives this one to somebody else, registering fails
+/// with a status: a hot key that is registered works. Belongs to the main thread.
+class HotKeyService {
+public:
+    /// Called on the main thread for each press, once however long the key is held. Answers `noErr`
+    /// for an event that is dealt with.
+    using Handler = std::function<HotKeyStatus(const HotKeyEvent&)>;
+
+    enum class HandlerReference : std::uint64_t {};
+    enum class HotKeyReference : std::uint64_t {};
+
+    virtual ~HotKeyService() = default;
+
+    /// Has `handler` called for every press from now on. On an error nothing is installed.
+    [[nodiscard]] virtual std::expected<HandlerReference, HotKeyStatus>
+    installHandler(Handler handler) = 0;
+
+    /// Ends what `installHandler` began; the handler is not called again.
+    virtual void removeHandler(HandlerReference handler) = 0;
+
+    /// Takes the key `keyCode` (a virtual key code of the Macintosh keyboard) with exactly the
+    /// modifiers of the mask `carbonModifiers`. On an error nothing is registered.
+    [[nodiscard]] virtual std::expected<HotKeyReference, HotKeyStatus>
+    registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers, EventHotKeyID id) = 0;
+
+    /// Gives the key back. A press that arrives after this call reaches no handler.
+    virtual HotKeyStatus unregisterHotKey(HotKeyReference hotKey) = 0;
+};
+
+} // namespace blankwell

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace blankwell {
+
+/// A symbol beside a menu item, shown in the colour of the text.
+struct MenuSymbol {
+    /// By its name in the platform's symbol set.
+    std::string name;
+    /// For those who do not see it.
+    std::string accessibilityDescription;
+
+    friend bool operator==(const MenuSymbol&, const MenuSymbol&) = default;
+};
+
+struct MenuSeparator {
+    friend bool operator==(const MenuSeparator&, const MenuSeparator&) = default;
+};
+
+/// A disabled item that titles the items below it.
+struct MenuHeader {
+    std::string title;
+
+    friend bool operator==(const MenuHeader&, const MenuHeader&) = default;
+};
+
+/// An item that does something.
+template <typename Action>
+struct MenuCommand {
+    std::string title;
+    MenuSymbol symbol;
+    bool isEnabled = true;
+    Action action;
+
+    friend bool operator==(const MenuCommand&, const MenuCommand&) = default;
+};
+
+template <typename Action>
+struct Submenu;
+
+template <typename Action>
+using MenuItem = std::variant<MenuSeparator, MenuHeader, MenuCommand<Action>, Submenu<Action>>;
+
+/// An item that opens a menu which bears the same title.
+template <typename Action>
+struct Submenu {
+    std::string title;
+    MenuSymbol symbol;
+    std::vector<MenuItem<Action>> items;
+
+    friend bool operator==(const Submenu& left, const Submenu& right) {
+        return left.title == right.title && left.symbol == right.symbol &&
+               left.items == right.items;
+    }
+};
+
+/// A menu as a value, from top to bottom. What its commands do is an `Action`: a name of the deed
+/// where menus are made, the deed itself where they are shown.
+template <typename Action>
+using Menu = std::vector<MenuItem<Action>>;
+
+/// A menu whose commands can be run.
+using ActionMenu = Menu<std::function<void()>>;
+
+/// The same menu with each action replaced by what `makeAction` makes of it.
+template <typename Action, typename MakeAction>
+[[nodiscard]] ActionMenu withActions(const Menu<Action>& menu, const MakeAction& makeAction) {
+    ActionMenu result;
+    for (const auto& item : menu) {
+        if (const auto* const command = std::get_if<MenuCommand<Action>>(&item)) {
+            result.push_back(MenuCommand<std::function<void()>>{
+                command->title, command->symbol, command->isEnabled, makeAction(command->action)});
+        } else if (const auto* const submenu = std::get_if<Submenu<Action>>(&item)) {
+            result.push_back(Submenu<std::function<void()>>{
+                submenu->title, submenu->symbol, withActions<Action>(submenu->items, makeAction)});
+        } else if (const auto* const header = std::get_if<MenuHeader>(&item)) {
+            result.push_back(*header);
+        } else {
+            result.push_back(MenuSeparator{});
+        }
+    }
+    return result;
+}
+
+} // namespace blankwell
