@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <thread>
 
 namespace blankwell {
 namespace {
@@ -20,18 +21,6 @@ std::vector<std::string> windowNumbers() {
     const std::regex number("0x[0-9a-f]+");
     return {std::sregex_token_iterator(list.begin(), list.end(), number),
             std::sregex_token_iterator()};
-}
-
-/// The number of the window titled `title`; empty where there is none.
-std::string windowCalled(const std::string& title) {
-    const auto titles = windowTitles();
-    const auto numbers = windowNumbers();
-    for (std::size_t i = 0; i < std::min(titles.size(), numbers.size()); ++i) {
-        if (titles[i] == title) {
-            return std::to_string(std::stoul(numbers[i], nullptr, 16));
-        }
-    }
-    return "";
 }
 
 std::optional<FileUrl> firstFileIn(const std::string& clipboard) {
@@ -83,16 +72,21 @@ bool windowAppears(const std::string& title) {
 
 bool bringToFront(const std::string& title) {
     return eventually([&] {
-        const auto window = windowCalled(title);
+        const auto window = windowNumber(title);
         outputOf({"xdotool", "windowactivate", window});
         return outputOf({"xdotool", "getactivewindow"}) == window + '\n';
     });
 }
 
-void commandWindow(const std::string& title, const std::vector<std::string>& command) {
-    Arguments arguments{"xdotool", command.front(), windowCalled(title)};
-    arguments.insert(arguments.end(), command.begin() + 1, command.end());
-    outputOf(arguments);
+std::string windowNumber(const std::string& title) {
+    const auto titles = windowTitles();
+    const auto numbers = windowNumbers();
+    for (std::size_t i = 0; i < std::min(titles.size(), numbers.size()); ++i) {
+        if (titles[i] == title) {
+            return std::to_string(std::stoul(numbers[i], nullptr, 16));
+        }
+    }
+    return "";
 }
 
 void type(const std::string& keys) {
@@ -101,6 +95,8 @@ void type(const std::string& keys) {
 
 std::optional<FileUrl> copiedFile() {
     type("ctrl+c");
+    // Keys that come faster than a window is filled keep it from taking the keyboard in its list.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     return firstFileIn(
         outputOf({"xclip", "-selection", "clipboard", "-target", "text/uri-list", "-out"}));
 }

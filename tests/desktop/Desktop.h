@@ -30,8 +30,8 @@ bool windowAppears(const std::string& title);
 /// Puts the window titled `title` in front and gives it the keyboard. Whether it gets there.
 bool bringToFront(const std::string& title);
 
-/// Runs the window command `command` of xdotool on the window titled `title`.
-void commandWindow(const std::string& title, const std::vector<std::string>& command);
+/// The X11 number of the window titled `title`, in decimal; empty where there is none.
+std::string windowNumber(const std::string& title);
 
 /// Types the key combination `keys` into the active window.
 void type(const std::string& keys);

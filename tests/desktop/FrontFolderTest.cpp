@@ -23,6 +23,10 @@ void showPathsInThunarTitles() {
               "/misc-full-path-in-window-title", "--create", "--type", "bool", "--set", "true"});
 }
 
+void letRootUseNemo() {
+    outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
+}
+
 struct FrontFolderTest : testing::Test {
     bool becomes(const FileUrl& folder) {
         const bool became = eventually([&] { return front.path() == folder.path(); });
@@ -108,7 +112,7 @@ TEST_F(FrontFolderTest, AMinimisedWindowDoesNotCount) {
     const Program nautilus({"nautilus", foo.path()});
     ASSERT_TRUE(becomes(foo));
 
-    commandWindow("foo", {"windowminimize"});
+    outputOf({"xdotool", "windowminimize", windowNumber("foo")});
     EXPECT_TRUE(eventually([&] { return front.path() == noWindow; }));
 }
 
@@ -116,7 +120,7 @@ TEST_F(FrontFolderTest, AWindowOnAnotherVirtualDesktopDoesNotCount) {
     const Program nautilus({"nautilus", foo.path()});
     ASSERT_TRUE(becomes(foo));
 
-    commandWindow("foo", {"set_desktop_for_window", "1"});
+    outputOf({"xdotool", "set_desktop_for_window", windowNumber("foo"), "1"});
     EXPECT_TRUE(eventually([&] { return front.path() == noWindow; }));
 }
 
@@ -221,17 +225,26 @@ TEST_F(FrontFolderTest, AFolderThatIsGoneIsNone) {
 
 TEST_F(FrontFolderTest, TheDesktopThatAFileManagerDrawsIsTheDesktopFolder) {
     const auto desktop = makeFolder("Desktop");
-    outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
+    letRootUseNemo();
     const Program nemo({"nemo-desktop"});
     EXPECT_TRUE(becomes(desktop));
 }
 
-TEST_F(FrontFolderTest, AskingStartsNoFileManager) {
-    const Program thunar({"thunar", foo.path()});
-    ASSERT_TRUE(windowAppears("foo - Thunar"));
-    commandWindow("foo - Thunar", {"set_window", "--class", "org.gnome.Nautilus"});
+TEST_F(FrontFolderTest, ADrawnDesktopWithoutItsFolderIsNone) {
+    wellKnown.desktopName = "Missing";
+    letRootUseNemo();
+    const Program nemo({"nemo-desktop"});
+    EXPECT_TRUE(eventually([&] { return !front.path(); }));
+}
 
-    EXPECT_EQ(front.path(), std::nullopt);
+TEST_F(FrontFolderTest, AskingStartsNoFileManager) {
+    showPathsInThunarTitles();
+    const Program thunar({"thunar", foo.path()});
+    ASSERT_TRUE(becomes(foo));
+    const auto window = windowNumber(foo.path() + " - Thunar");
+    outputOf({"xdotool", "set_window", "--class", "org.gnome.Nautilus", window});
+
+    EXPECT_TRUE(eventually([&] { return !front.path(); }));
     EXPECT_FALSE(eventually([] { return isOnBus("org.gnome.Nautilus"); }, milliseconds(1500)));
 }
 

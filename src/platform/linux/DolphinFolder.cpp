@@ -100,7 +100,10 @@ std::optional<FileUrl> folderInDolphinWindow(std::string_view caption,
 std::optional<FileUrl> askDolphin(const DesktopWindow& window, const KnownFolders& known,
                                   const Deadline& deadline) {
     auto object = dolphinObject(window);
-    auto bus = object ? SessionBus::connect(deadline) : std::unexpected(SystemError{});
+    if (!object) {
+        return std::nullopt;
+    }
+    auto bus = SessionBus::connect(deadline);
     if (!bus) {
         return std::nullopt;
     }

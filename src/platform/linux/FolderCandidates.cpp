@@ -10,8 +10,8 @@ namespace fs = std::filesystem;
 
 using Folders = std::vector<FileUrl>;
 
-/// How many folders of one folder are looked at; more than a user keeps in view.
-constexpr std::size_t mostFolders = 256;
+/// How many entries of one folder are looked at; more than a user keeps in view.
+constexpr std::size_t mostEntries = 2048;
 
 bool isFolder(const fs::path& path) {
     std::error_code error;
@@ -22,10 +22,10 @@ Folders visibleFolders(const FileUrl& parent) {
     Folders folders;
     std::error_code error;
     fs::directory_iterator entry(parent.path(), error);
-    for (; !error && entry != fs::directory_iterator() && folders.size() < mostFolders;
-         entry.increment(error)) {
+    for (std::size_t seen = 0; !error && entry != fs::directory_iterator() && seen < mostEntries;
+         ++seen, entry.increment(error)) {
         const bool isHidden = entry->path().filename().native().starts_with('.');
-        if (!isHidden && isFolder(entry->path())) {
+        if (std::error_code ignored; !isHidden && entry->is_directory(ignored)) {
             folders.emplace_back(entry->path().native());
         }
     }

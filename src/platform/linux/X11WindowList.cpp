@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <span>
 #include <string_view>
 
 namespace blankwell {
@@ -67,14 +68,13 @@ public:
         return reply_ && reply_->format == 8 ? bytes() : std::string_view();
     }
 
-    /// The values of a property of cardinals, atoms or windows.
-    [[nodiscard]] std::vector<std::uint32_t> numbers() const {
+    /// The values of a property of cardinals, atoms or windows; borrowed.
+    [[nodiscard]] std::span<const std::uint32_t> numbers() const {
         if (!reply_ || reply_->format != 32) {
             return {};
         }
-        const auto* const first =
-            static_cast<const std::uint32_t*>(xcb_get_property_value(reply_.get()));
-        return {first, first + xcb_get_property_value_length(reply_.get()) / 4};
+        return {static_cast<const std::uint32_t*>(xcb_get_property_value(reply_.get())),
+                bytes().size() / sizeof(std::uint32_t)};
     }
 
     [[nodiscard]] std::optional<std::uint32_t> number() const {
@@ -131,7 +131,8 @@ public:
           workspace_(ask(connection, window, atoms[desktop])) {}
 
     [[nodiscard]] DesktopWindow answers() const {
-        const auto states = answer(state_).numbers();
+        const auto stateAnswer = answer(state_);
+        const auto states = stateAnswer.numbers();
         return {
             .windowClass = classPart(answer(class_)),
             .title = std::string(answer(title_).text()),
