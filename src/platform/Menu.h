@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Overloaded.h"
+
 #include <functional>
 #include <string>
 #include <utility>
@@ -69,20 +71,24 @@ using ActionMenu = Menu<std::function<void()>>;
 
 /// The same menu with each action replaced by what `makeAction` makes of it.
 template <typename Action, typename MakeAction>
-[[nodiscard]] ActionMenu withActions(const Menu<Action>& menu, const MakeAction& makeAction) {
+[[nodiscard]] ActionMenu withActions(Menu<Action> menu, const MakeAction& makeAction) {
+    using Deed = std::function<void()>;
+    const Overloaded convert{
+        [](MenuSeparator separator) -> MenuItem<Deed> { return separator; },
+        [](MenuHeader&& header) -> MenuItem<Deed> { return std::move(header); },
+        [&](MenuCommand<Action>&& command) -> MenuItem<Deed> {
+            return MenuCommand<Deed>{std::move(command.title), std::move(command.symbol),
+                                     command.isEnabled, makeAction(std::move(command.action))};
+        },
+        [&](Submenu<Action>&& submenu) -> MenuItem<Deed> {
+            return Submenu<Deed>{std::move(submenu.title), std::move(submenu.symbol),
+                                 withActions<Action>(std::move(submenu.items), makeAction)};
+        },
+    };
     ActionMenu result;
-    for (const auto& item : menu) {
-        if (const auto* const command = std::get_if<MenuCommand<Action>>(&item)) {
-            result.push_back(MenuCommand<std::function<void()>>{
-                command->title, command->symbol, command->isEnabled, makeAction(command->action)});
-        } else if (const auto* const submenu = std::get_if<Submenu<Action>>(&item)) {
-            result.push_back(Submenu<std::function<void()>>{
-                submenu->title, submenu->symbol, withActions<Action>(submenu->items, makeAction)});
-        } else if (const auto* const header = std::get_if<MenuHeader>(&item)) {
-            result.push_back(*header);
-        } else {
-            result.push_back(MenuSeparator{});
-        }
+    result.reserve(menu.size());
+    for (auto& item : menu) {
+        result.push_back(std::visit(convert, std::move(item)));
     }
     return result;
 }
