@@ -41,8 +41,7 @@ std::optional<std::string> textInstead(Invocation::Purpose purpose) {
 }
 
 void configure() {
-    QApplication::setApplicationName("blankwell-plus");
-    QApplication::setApplicationDisplayName("Blankwell+");
+    QApplication::setApplicationName("Blankwell+");
     QApplication::setDesktopFileName(qtText(bundleIdentifier));
     QApplication::setQuitOnLastWindowClosed(false);
 }

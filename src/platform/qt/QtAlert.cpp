@@ -3,6 +3,8 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/WindowPresentation.h"
 
+#include <QFont>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace blankwell {
@@ -20,6 +22,16 @@ QMessageBox::Icon iconOf(AlertContent::Style style) {
     return QMessageBox::Critical;
 }
 
+/// Gives the texts of `box` their weight, and lines of a length that reads well.
+void styleTexts(const QMessageBox& box) {
+    constexpr int lineWidth = 340;
+    auto* const message = box.findChild<QLabel*>("qt_msgbox_label");
+    auto headline = message->font();
+    headline.setWeight(QFont::DemiBold);
+    message->setFont(headline);
+    box.findChild<QLabel*>("qt_msgbox_informativelabel")->setMinimumWidth(lineWidth);
+}
+
 } // namespace
 
 void QtAlert::runModal(const AlertContent& content) {
@@ -28,6 +40,7 @@ void QtAlert::runModal(const AlertContent& content) {
                     QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText); // names of files may look like markup
     box.setInformativeText(qtText(content.informativeText));
+    styleTexts(box);
     box.setDefaultButton(QMessageBox::Ok);
     box.setEscapeButton(QMessageBox::Ok);
     runInFront(box);
