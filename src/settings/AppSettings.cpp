@@ -55,13 +55,12 @@ Stored encodeEnabledIDs(const std::set<std::string>& ids) {
 
 std::vector<std::string> decodeOrder(const Stored& stored) {
     const auto* const ids = as<std::vector<std::string>>(stored);
-    if (ids == nullptr || ids->empty()) {
+    if (ids == nullptr) {
         return FileTypeCatalog::defaultOrder();
     }
-    std::vector<std::string> order;
-    std::ranges::copy_if(*ids, std::back_inserter(order), [](const std::string& id) {
-        return FileTypeCatalog::definition(id) != nullptr;
-    });
+    auto order = *ids;
+    std::erase_if(order,
+                  [](const std::string& id) { return FileTypeCatalog::definition(id) == nullptr; });
     const std::set<std::string> kept(order.begin(), order.end());
     std::ranges::copy_if(FileTypeCatalog::defaultOrder(), std::back_inserter(order),
                          [&](const std::string& id) { return !kept.contains(id); });

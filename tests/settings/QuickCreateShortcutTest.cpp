@@ -1,5 +1,6 @@
 #include "settings/QuickCreateShortcut.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -50,7 +51,7 @@ TEST(QuickCreateShortcutTest, NamesTheKeysOfTheAnsiLayout) {
     }
     const std::uint32_t functionKeys[] = {122, 120, 99, 118, 96, 97, 98, 100, 101, 109, 103, 111};
     for (std::size_t i = 0; i < std::size(functionKeys); ++i) {
-        EXPECT_EQ(keyName(functionKeys[i]), "F" + std::to_string(i + 1));
+        EXPECT_EQ(keyName(functionKeys[i]), fmt::format("F{}", i + 1));
     }
 }
 
