@@ -11,6 +11,10 @@ namespace blankwell {
 using HotKeyStatus = int;
 
 inline constexpr HotKeyStatus noErr = 0;
+/// Carbon's number for a combination that is taken, by this program or another.
+inline constexpr HotKeyStatus eventHotKeyExistsErr = -9878;
+/// Carbon's number for what is no key combination, or no hot key that is registered.
+inline constexpr HotKeyStatus eventHotKeyInvalidErr = -9879;
 
 /// Tells hot keys apart: whose it is, and which one.
 struct EventHotKeyID {

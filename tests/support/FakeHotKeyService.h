@@ -32,8 +32,8 @@ public:
         EventHotKeyID id;
     };
 
-    /// The status for a combination that is taken already.
-    static constexpr HotKeyStatus eventHotKeyExistsErr = -9878;
+    /// What a shortcut without a key has in the place of its key code.
+    static constexpr std::uint32_t noKeyCode = 0xFFFFFFFF;
 
     std::expected<HandlerReference, HotKeyStatus> installHandler(Handler handler) override {
         ++installations;
@@ -55,6 +55,9 @@ public:
         if (const auto scripted = failures.find(combination); scripted != failures.end()) {
             return std::unexpected(scripted->second);
         }
+        if (keyCode == noKeyCode) {
+            return std::unexpected(eventHotKeyInvalidErr);
+        }
         if (find(combination) != nullptr) {
             return std::unexpected(eventHotKeyExistsErr);
         }
@@ -65,8 +68,9 @@ public:
 
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override {
         ++unregistrations;
-        std::erase_if(registered, [&](const Registered& one) { return one.reference == hotKey; });
-        return unregistrationStatus;
+        const auto erased = std::erase_if(
+            registered, [&](const Registered& one) { return one.reference == hotKey; });
+        return erased == 0 ? eventHotKeyInvalidErr : unregistrationStatus;
     }
 
     /// Presses a key combination as the user does; nothing where it reaches no handler.

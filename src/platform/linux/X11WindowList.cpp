@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -70,12 +69,12 @@ public:
 
     /// The values of a property of cardinals, atoms or windows.
     [[nodiscard]] std::vector<std::uint32_t> numbers() const {
-        std::vector<std::uint32_t> values;
-        if (reply_ && reply_->format == 32) {
-            values.resize(bytes().size() / sizeof(std::uint32_t));
-            std::memcpy(values.data(), bytes().data(), values.size() * sizeof(std::uint32_t));
+        if (!reply_ || reply_->format != 32) {
+            return {};
         }
-        return values;
+        const auto* const first =
+            static_cast<const std::uint32_t*>(xcb_get_property_value(reply_.get()));
+        return {first, first + xcb_get_property_value_length(reply_.get()) / 4};
     }
 
     [[nodiscard]] std::optional<std::uint32_t> number() const {
