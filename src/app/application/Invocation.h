@@ -15,6 +15,8 @@ struct Invocation {
     Purpose purpose = Purpose::run;
     /// `--background`: no window comes up, as at login or when the session bus starts the program.
     bool inBackground = false;
+    /// `--action`: the action of the desktop entry to perform; empty for none.
+    std::string action;
     /// To be opened, whatever they are.
     std::vector<std::string> urls;
 

@@ -1,6 +1,5 @@
 #include "app/application/Program.h"
 
-#include "app/application/HotKeys.h"
 #include "app/application/Invocation.h"
 #include "platform/Identifiers.h"
 #include "platform/RealHome.h"
@@ -51,7 +50,6 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
-      hotKeys_(makeHotKeyService()),
       creation_({
           .settings = settings_,
           .destination = destination_,
@@ -63,7 +61,7 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .workspace = workspace_,
           .alert = alert_,
           .order = order_,
-          .hotKeys = *hotKeys_,
+          .hotKeys = hotKeys_.service(),
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
@@ -97,7 +95,9 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
 
 void Program::start(const Invocation& invocation) {
     delegate_.applicationDidFinishLaunching();
-    if (!invocation.urls.empty()) {
+    if (!invocation.action.empty()) {
+        remoteRequests_.activateAction(invocation.action);
+    } else if (!invocation.urls.empty()) {
         remoteRequests_.open(invocation.urls);
     } else if (!invocation.inBackground) {
         showMainWindow();

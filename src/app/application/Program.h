@@ -5,6 +5,7 @@
 #include "app/AppDelegate.h"
 #include "app/FinderRequestHandler.h"
 #include "app/RemoteRequests.h"
+#include "app/application/HotKeys.h"
 #include "app/application/NoUninstall.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
@@ -98,7 +99,7 @@ private:
     FolderAccess folderAccess_;
     CreationDestination destination_{account_, folders_, frontFolder_};
     FinderRequestHandler requestHandler_;
-    std::unique_ptr<HotKeyService> hotKeys_;
+    HotKeys hotKeys_{environment_, *log_};
     QtQuickCreatePanels panels_{application_, mainQueue_};
     DesktopCreationController creation_;
     RemoteRequests remoteRequests_;

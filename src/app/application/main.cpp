@@ -13,7 +13,9 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <expected>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -73,11 +75,19 @@ int runFirst(SessionInstance& instance, const Invocation& invocation) {
     return status;
 }
 
+std::expected<void, std::string> handOver(const SessionInstance& instance,
+                                          const Invocation& invocation) {
+    if (!invocation.action.empty()) {
+        return instance.activateAction(invocation.action);
+    }
+    return invocation.urls.empty() ? instance.activate() : instance.open(invocation.urls);
+}
+
 int run(const Invocation& invocation) {
     configure();
     SessionInstance instance{std::string(bundleIdentifier)};
     if (instance.claim() == SessionInstance::Claim::taken) {
-        const auto handedOver = instance.handOver(invocation.urls);
+        const auto handedOver = handOver(instance, invocation);
         return handedOver ? EXIT_SUCCESS : fail(handedOver.error());
     }
     return runFirst(instance, invocation);

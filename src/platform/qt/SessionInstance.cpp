@@ -12,7 +12,7 @@
 namespace blankwell {
 namespace {
 
-constexpr int handOverMilliseconds = 5000;
+constexpr int answerMilliseconds = 5000;
 
 /// The path that the Desktop Entry Specification derives from a name.
 QString objectPath(const QString& name) {
@@ -53,18 +53,28 @@ SessionInstance::~SessionInstance() {
     bus.unregisterObject(path_);
 }
 
-std::expected<void, std::string>
-SessionInstance::handOver(const std::vector<std::string>& urls) const {
+std::expected<void, std::string> SessionInstance::activate() const {
+    return ask("Activate", {});
+}
+
+std::expected<void, std::string> SessionInstance::open(const std::vector<std::string>& urls) const {
     QStringList uris;
     std::ranges::transform(urls, std::back_inserter(uris), qtText);
-    auto message = QDBusMessage::createMethodCall(name_, path_, "org.freedesktop.Application",
-                                                  urls.empty() ? "Activate" : "Open");
-    if (!urls.empty()) {
-        message << uris;
-    }
-    message << QVariantMap();
+    return ask("Open", {QVariant(uris)});
+}
+
+std::expected<void, std::string> SessionInstance::activateAction(std::string_view action) const {
+    return ask("ActivateAction", {qtText(action), QVariant(QVariantList())});
+}
+
+std::expected<void, std::string> SessionInstance::ask(const QString& method,
+                                                      QVariantList arguments) const {
+    auto message =
+        QDBusMessage::createMethodCall(name_, path_, "org.freedesktop.Application", method);
+    arguments << QVariantMap(); // about the platform: nothing to tell
+    message.setArguments(arguments);
     const auto answer =
-        QDBusConnection::sessionBus().call(message, QDBus::Block, handOverMilliseconds);
+        QDBusConnection::sessionBus().call(message, QDBus::Block, answerMilliseconds);
     if (answer.type() == QDBusMessage::ErrorMessage) {
         return std::unexpected("The running application does not answer: " +
                                utf8(answer.errorMessage()));

@@ -6,6 +6,7 @@
 
 #include <expected>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace blankwell {
@@ -35,12 +36,17 @@ public:
     /// delivered before the event loop runs. `requests` must outlive this object.
     void serve(ApplicationRequests& requests) { adaptor_->setRequests(&requests); }
 
-    /// Asks the running instance to open `urls`, or to show itself where there are none. Waits
-    /// until it has taken note, five seconds at most. The error is a sentence for the user.
-    [[nodiscard]] std::expected<void, std::string>
-    handOver(const std::vector<std::string>& urls) const;
+    // What another process, which runs already, is asked for. Each waits until that has taken note,
+    // five seconds at most; the error is a sentence for the user.
+
+    [[nodiscard]] std::expected<void, std::string> activate() const;
+    [[nodiscard]] std::expected<void, std::string> open(const std::vector<std::string>& urls) const;
+    [[nodiscard]] std::expected<void, std::string> activateAction(std::string_view action) const;
 
 private:
+    [[nodiscard]] std::expected<void, std::string> ask(const QString& method,
+                                                       QVariantList arguments) const;
+
     QString name_;
     QString path_;
     QObject object_;
