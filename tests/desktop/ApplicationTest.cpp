@@ -139,6 +139,21 @@ TEST_F(ApplicationTest, TheHotKeyOpensThePanelWithTheKeyboard) {
     EXPECT_TRUE(windowIsGone("Create File"));
 }
 
+TEST_F(ApplicationTest, AfterAnAlertThePanelHasTheKeyboardAgain) {
+    startInBackground();
+    EXPECT_EQ(statusOf("--action=quick-create"), "0");
+    ASSERT_TRUE(windowAppears("Create File"));
+    ASSERT_TRUE(bringToFront("Create File"));
+    EXPECT_EQ(statusOf("'blankwellplus://create?type=none&directory=/'"), "0");
+    ASSERT_TRUE(windowAppears("Could not create file"));
+    ASSERT_TRUE(bringToFront("Could not create file"));
+    type("Return");
+    ASSERT_TRUE(windowIsGone("Could not create file"));
+    EXPECT_TRUE(eventually([] {
+        return outputOf({"xdotool", "getactivewindow", "getwindowname"}) == "Create File\n";
+    }));
+}
+
 TEST_F(ApplicationTest, WithoutAStatusBarTheMainWindowOpensWhereItIsTheOnlyWayIn) {
     storePresence("menuBarOnly");
     startInBackground();

@@ -35,6 +35,9 @@ void FolderDialog::configureFiles(const OpenPanelConfiguration& configuration) {
     files_->setFileMode(QFileDialog::Directory);
     files_->setLabelText(QFileDialog::Accept, qtText(configuration.prompt));
     files_->setSizeGripEnabled(false);
+    for (const auto* const name : {"fileTypeLabel", "fileTypeCombo"}) {
+        files_->findChild<QWidget*>(name)->hide(); // there is one type to choose: folders
+    }
     if (configuration.directory) {
         files_->setDirectory(
             QFile::decodeName(QByteArray::fromStdString(configuration.directory->path())));

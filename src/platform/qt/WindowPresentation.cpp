@@ -2,7 +2,9 @@
 
 #include "platform/qt/X11WindowHints.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QPointer>
 #include <QTimer>
 #include <QWindow>
 
@@ -23,7 +25,13 @@ int runInFront(QDialog& dialog) {
     // Above the panel, which is above all other windows.
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
     QTimer::singleShot(0, &dialog, [&dialog] { raiseAndActivate(dialog); });
-    return dialog.exec();
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    const int result = dialog.exec();
+    if (before && before->isVisible()) {
+        // Window managers do not give the keyboard back to a panel by themselves.
+        raiseAndActivate(*before);
+    }
+    return result;
 }
 
 } // namespace blankwell

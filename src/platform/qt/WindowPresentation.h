@@ -13,7 +13,8 @@ namespace blankwell {
 /// that.
 void raiseAndActivate(QWidget& window);
 
-/// Runs `dialog` above all other windows until it is closed, and returns its result.
+/// Runs `dialog` above all other windows until it is closed, and returns its result. The window of
+/// the application that had the keyboard gets it back.
 int runInFront(QDialog& dialog);
 
 } // namespace blankwell
