@@ -96,15 +96,21 @@ TEST_F(QtOpenPanelTest, ShowsTitleMessageAndPromptInTheGivenFolderAndNoFiles) {
     EXPECT_TRUE(hasPrompt);
 }
 
-TEST_F(QtOpenPanelTest, SeveralSelectedFoldersAreChosen) {
+TEST_F(QtOpenPanelTest, SeveralFoldersCanBeSelectedAndAreChosen) {
+    QList<QAbstractItemView::SelectionMode> modes;
     whenShown<QDialog>([&](QDialog& shownDialog) {
         auto& dialog = static_cast<FolderDialog&>(shownDialog);
+        for (const auto* const name : {"listView", "treeView"}) {
+            modes << dialog.findChild<QAbstractItemView*>(name)->selectionMode();
+        }
         select(dialog, {"apples", "plums"});
         acceptButton(dialog)->click();
     });
     const auto result = QtOpenPanel().runModal(configuration());
     EXPECT_EQ(result.response, Response::confirmed);
     EXPECT_THAT(result.urls, UnorderedElementsAre(folder.at("apples"), folder.at("plums")));
+    EXPECT_THAT(modes, ElementsAre(QAbstractItemView::ExtendedSelection,
+                                   QAbstractItemView::ExtendedSelection));
 }
 
 TEST_F(QtOpenPanelTest, OnlyOneFolderCanBeSelectedWhereOneIsAskedFor) {
