@@ -2,9 +2,10 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
+    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev python3 python3-docx python3-openpyxl poppler-utils
-    libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui)
+    libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui
+    xvfb openbox xdotool x11-utils xfce4-panel)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
 bench_packages=(libbenchmark-dev)

@@ -105,6 +105,28 @@ TEST_F(ApplicationTest, OfTenUrlsForAnApplicationThatStartsNoneIsLostAndNoneServ
     EXPECT_FALSE(eventually([&] { return filesIn(folder) > 10; }, std::chrono::seconds(1)));
 }
 
+TEST_F(ApplicationTest, ARequestToAnAbsentApplicationStartsItByTheServiceFile) {
+    const auto services = makeFolder(".local/share/dbus-1/services");
+    std::filesystem::copy(BLANKWELL_SERVICE_FILE, services.path());
+    outputOf({"busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+              "org.freedesktop.DBus", "ReloadConfig"});
+    const auto folder = makeFolder("absent");
+    outputOf({"busctl", "--user", "call", busName, "/app/blankwell/BlankwellPlus",
+              "org.freedesktop.Application", "Open", "asa{sv}", "1", requestUrl(folder, "md"),
+              "0"});
+    EXPECT_TRUE(eventually(
+        [&] { return std::filesystem::exists(folder.appending("Untitled.md").path()); }));
+    EXPECT_THAT(windowTitles(), Not(testing::Contains("Blankwell+")));
+    outputOf({"busctl", "--user", "call", busName, "/app/blankwell/BlankwellPlus",
+              "org.freedesktop.Application", "ActivateAction", "sava{sv}", "quick-create", "0",
+              "0"});
+    EXPECT_TRUE(windowAppears("Create File"));
+    const auto process =
+        outputOf({"busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                  "org.freedesktop.DBus", "GetConnectionUnixProcessID", "s", busName});
+    outputOf({"kill", "-TERM", process.substr(2, process.size() - 3)});
+}
+
 TEST_F(ApplicationTest, ASecondStartWithoutArgumentsShowsTheMainWindow) {
     startInBackground();
     EXPECT_THAT(windowTitles(), Not(testing::Contains("Blankwell+")));
