@@ -2,7 +2,8 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev zlib1g-dev)
+    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
     python3 python3-docx python3-openpyxl poppler-utils
@@ -12,7 +13,8 @@ test_packages=(libgtest-dev libgmock-dev
     # the services of the system
     systemd locales xdg-user-dirs e2fsprogs mount
     # the desktop and its file managers
-    xvfb openbox xdotool x11-utils xclip dbus-daemon xfconf libglib2.0-bin
+    xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
+    dbus-daemon xfconf libglib2.0-bin xfce4-panel
     nautilus thunar dolphin nemo)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)

@@ -74,6 +74,9 @@ std::string outputOf(const Arguments& command) {
 Program::Program(const Arguments& command) : process_(startSilently(command)) {}
 
 Program::~Program() {
+    if (process_ < 0) {
+        return;
+    }
     ::kill(process_, SIGKILL);
     ::waitpid(process_, nullptr, 0);
 }
@@ -82,6 +85,14 @@ void Program::hang() const {
     ::kill(process_, SIGSTOP);
     // Returns once it has stopped.
     ::waitpid(process_, nullptr, WUNTRACED);
+}
+
+int Program::terminate() {
+    ::kill(process_, SIGTERM);
+    int status = 0;
+    ::waitpid(process_, &status, 0);
+    process_ = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 } // namespace blankwell

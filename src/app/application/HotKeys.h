@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/linux/UnavailableHotKeyService.h"
+
+#include <memory>
+
+namespace blankwell {
+
+class Environment;
+class Log;
+
+/// The hot keys of the desktop that the application runs on, served by Qt's event loop. Where the
+/// desktop gives no keys away, registrations fail with a status.
+class HotKeys {
+public:
+    /// `log` must outlive this object.
+    HotKeys(const Environment& environment, Log& log);
+    ~HotKeys();
+
+    [[nodiscard]] HotKeyService& service();
+
+private:
+    struct FromXServer;
+
+    std::unique_ptr<FromXServer> fromXServer_;
+    UnavailableHotKeyService unavailable_;
+};
+
+} // namespace blankwell

@@ -1,0 +1,130 @@
+#include "app/application/Program.h"
+
+#include "app/application/Invocation.h"
+#include "platform/Identifiers.h"
+#include "platform/RealHome.h"
+#include "platform/Sandbox.h"
+#include "platform/linux/JournalLog.h"
+#include "platform/linux/StandardErrorLog.h"
+
+#include <QTimer>
+
+namespace blankwell::application {
+namespace {
+
+std::unique_ptr<Log> makeLog() {
+    if (journalListens()) {
+        return std::make_unique<JournalLog>("blankwell-plus");
+    }
+    return std::make_unique<StandardErrorLog>();
+}
+
+} // namespace
+
+Program::Program(const FileUrl& programFolder, IcuTextOrder order)
+    : log_(makeLog()),
+      order_(std::move(order)),
+      preferences_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path())),
+      domains_(preferences_, bundleIdentifier),
+      settings_(sharedDefaults(domains_), *log_),
+      settingsWatch_(preferences_, appGroupIdentifier, settings_, *log_),
+      frontFolder_(folders_, home(), [this] { return store_.savedFolderRoots(); }),
+      bundle_(programFolder),
+      creator_(writableFiles(), coordinator_, bundle_, scopes_),
+      folderAccess_({
+          .store = store_,
+          .creator = creator_,
+          .fileSystem = files_,
+          .scopes = scopes_,
+          .openPanel = openPanel_,
+          .application = application_,
+          .account = account_,
+          .environment = environment_,
+          .folders = folders_,
+      }),
+      requestHandler_({
+          .folderAccess = folderAccess_,
+          .workspace = workspace_,
+          .alert = alert_,
+          .application = application_,
+          .mainQueue = mainQueue_,
+          .log = *log_,
+      }),
+      creation_({
+          .settings = settings_,
+          .destination = destination_,
+          .folderAccess = folderAccess_,
+          .panels = panels_,
+          .screens = screens_,
+          .windows = application_,
+          .application = application_,
+          .workspace = workspace_,
+          .alert = alert_,
+          .order = order_,
+          .hotKeys = hotKeys_.service(),
+          .mainQueue = mainQueue_,
+          .log = *log_,
+      }),
+      remoteRequests_({
+          .creation = creation_,
+          .requestHandler = requestHandler_,
+          .mainQueue = mainQueue_,
+          .log = *log_,
+      }),
+      statusBar_(mainQueue_, *log_, [this] { keepReachable(); }),
+      presenceController_({
+          .settings = settings_,
+          .creation = creation_,
+          .uninstaller = uninstaller_,
+          .statusBar = statusBar_,
+          .application = presence_,
+          .environment = environment_,
+          .mainQueue = mainQueue_,
+      }),
+      delegate_({
+          .presence = presenceController_,
+          .selfUpdater = selfUpdater_,
+          .creation = creation_,
+      }),
+      mainWindow_([this] { creation_.showQuickCreatePanel(); }),
+      shortcutText_(settings_.quickCreateShortcut.observe([this](const auto& shortcut) {
+          mainWindow_.setShortcutText(shortcut.displayString());
+      })) {
+    creation_.setOpenMainWindowAction([this] { showMainWindow(); });
+}
+
+void Program::start(const Invocation& invocation) {
+    delegate_.applicationDidFinishLaunching();
+    if (!invocation.action.empty()) {
+        remoteRequests_.activateAction(invocation.action);
+    } else if (!invocation.urls.empty()) {
+        remoteRequests_.open(invocation.urls);
+    } else if (!invocation.inBackground) {
+        showMainWindow();
+    }
+    // Once there is nothing more urgent to do.
+    QTimer::singleShot(0, [this] { creation_.prepareQuickCreatePanel(); });
+}
+
+FileSystem& Program::writableFiles() {
+    if (isSandboxed(environment_)) {
+        return scopedFiles_;
+    }
+    return files_;
+}
+
+FileUrl Program::home() const {
+    return realHomeFolder(account_).value_or(account_.processHome());
+}
+
+void Program::showMainWindow() {
+    application_.bringToFront(mainWindow_);
+}
+
+void Program::keepReachable() {
+    if (isAccessory(settings_.appPresence.get())) {
+        showMainWindow(); // in neither bar there is nothing else to come in by
+    }
+}
+
+} // namespace blankwell::application

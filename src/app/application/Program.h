@@ -1,0 +1,116 @@
+#pragma once
+
+#include "access/FolderAccess.h"
+#include "access/SecurityScopedBookmarkStore.h"
+#include "app/AppDelegate.h"
+#include "app/FinderRequestHandler.h"
+#include "app/RemoteRequests.h"
+#include "app/application/HotKeys.h"
+#include "app/application/NoUninstall.h"
+#include "app/application/QtQuickCreatePanels.h"
+#include "app/application/SettingsWatch.h"
+#include "filetypes/CreationDestination.h"
+#include "filetypes/FileCreator.h"
+#include "platform/linux/BundleDirectory.h"
+#include "platform/linux/DirectFileCoordinator.h"
+#include "platform/linux/FileManagerFrontFolder.h"
+#include "platform/linux/FileManagerWorkspace.h"
+#include "platform/linux/IcuTextOrder.h"
+#include "platform/linux/LinuxAccessScopes.h"
+#include "platform/linux/LinuxBookmarks.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/NoUpdaters.h"
+#include "platform/linux/ProcessEnvironment.h"
+#include "platform/linux/ScopedFileSystem.h"
+#include "platform/linux/UserDatabaseAccount.h"
+#include "platform/linux/XdgPreferenceDomains.h"
+#include "platform/linux/XdgWellKnownFolders.h"
+#include "platform/qt/QtAlert.h"
+#include "platform/qt/QtApplication.h"
+#include "platform/qt/QtApplicationPresence.h"
+#include "platform/qt/QtMainQueue.h"
+#include "platform/qt/QtOpenPanel.h"
+#include "platform/qt/QtScreens.h"
+#include "platform/qt/QtStatusBar.h"
+#include "quickcreate/DesktopCreationController.h"
+#include "settings/AppSettings.h"
+#include "shell/AppPresenceController.h"
+#include "shell/BlankwellSelfUpdater.h"
+#include "views/MainWindow.h"
+
+#include <memory>
+#include <string>
+
+namespace blankwell::application {
+
+struct Invocation;
+
+/// The application as a whole: the core on the adapters of a desktop program.
+class Program {
+public:
+    /// `programFolder` is where the program stands. `order` is the order of texts.
+    Program(const FileUrl& programFolder, IcuTextOrder order);
+
+    /// What other programs ask of this one goes here.
+    [[nodiscard]] ApplicationRequests& requests() { return remoteRequests_; }
+
+    /// Starts the controllers and does what `invocation` asks for. The event loop must be about to
+    /// run.
+    void start(const Invocation& invocation);
+
+    /// Ends in the orderly way; returns at once.
+    void terminate() { presence_.terminate(); }
+
+    /// Stops the controllers. To be called when the event loop ends.
+    void stop() { delegate_.applicationWillTerminate(); }
+
+private:
+    [[nodiscard]] FileSystem& writableFiles();
+    [[nodiscard]] FileUrl home() const;
+    void showMainWindow();
+    void keepReachable();
+
+    // In the order of construction.
+    ProcessEnvironment environment_;
+    UserDatabaseAccount account_{environment_};
+    XdgWellKnownFolders folders_{std::nullopt};
+    std::unique_ptr<Log> log_;
+    IcuTextOrder order_;
+    FileManagerWorkspace workspace_{*log_};
+    std::string preferences_;
+    XdgPreferenceDomains domains_;
+    AppSettings settings_;
+    SettingsWatch settingsWatch_;
+    LinuxAccessScopes scopes_;
+    LinuxBookmarks bookmarks_{scopes_};
+    SecurityScopedBookmarkStore store_{domains_, bookmarks_, order_, *log_};
+    FileManagerFrontFolder frontFolder_;
+    LinuxFileSystem files_;
+    ScopedFileSystem scopedFiles_{files_, scopes_};
+    DirectFileCoordinator coordinator_;
+    BundleDirectory bundle_;
+    FileCreator creator_;
+    QtMainQueue mainQueue_;
+    QtApplication application_;
+    QtApplicationPresence presence_;
+    QtOpenPanel openPanel_;
+    QtAlert alert_;
+    QtScreens screens_;
+    FolderAccess folderAccess_;
+    CreationDestination destination_{account_, folders_, frontFolder_};
+    FinderRequestHandler requestHandler_;
+    HotKeys hotKeys_{environment_, *log_};
+    QtQuickCreatePanels panels_{application_, mainQueue_};
+    DesktopCreationController creation_;
+    RemoteRequests remoteRequests_;
+    NoUpdaters updaters_;
+    BlankwellSelfUpdater selfUpdater_{bundle_, updaters_, mainQueue_};
+    NoUninstall uninstaller_{alert_};
+    QtStatusBar statusBar_;
+    AppPresenceController presenceController_;
+    AppDelegate delegate_;
+    MainWindow mainWindow_;
+    Subscription shortcutText_;
+};
+
+} // namespace blankwell::application

@@ -1,0 +1,112 @@
+#include "app/Version.h"
+#include "app/application/Invocation.h"
+#include "app/application/Program.h"
+#include "platform/Identifiers.h"
+#include "platform/linux/TerminationSignals.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/SessionInstance.h"
+
+#include <QApplication>
+#include <QSocketNotifier>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <expected>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace blankwell::application {
+namespace {
+
+constexpr int wrongUsage = 2;
+
+int fail(std::string_view problem, int status = EXIT_FAILURE) {
+    fmt::print(stderr, "blankwell-plus: {}\n", problem);
+    return status;
+}
+
+/// What the program has to say without running; nothing where it is to run.
+std::optional<std::string> textInstead(Invocation::Purpose purpose) {
+    switch (purpose) {
+    case Invocation::Purpose::showHelp:
+        return std::string(helpText());
+    case Invocation::Purpose::showVersion:
+        return fmt::format("blankwell-plus {}\n", version);
+    case Invocation::Purpose::run:
+        break;
+    }
+    return std::nullopt;
+}
+
+void configure() {
+    QApplication::setApplicationName("Blankwell+");
+    QApplication::setDesktopFileName(qtText(bundleIdentifier));
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+/// Runs the one instance of the session until it is told to end.
+int runFirst(SessionInstance& instance, const Invocation& invocation) {
+    const auto folder = BundleDirectory::folderOfRunningProgram();
+    if (!folder) {
+        return fail(folder.error().description);
+    }
+    auto order = IcuTextOrder::forLocale(collationLocale(ProcessEnvironment{}));
+    if (!order) {
+        return fail(order.error().description);
+    }
+    const auto termination = TerminationSignals::take();
+    if (!termination) {
+        return fail(termination.error().description);
+    }
+    Program program(*folder, *std::move(order));
+    QSocketNotifier ending(termination->descriptor(), QSocketNotifier::Read);
+    QObject::connect(&ending, &QSocketNotifier::activated, [&] {
+        ending.setEnabled(false);
+        program.terminate();
+    });
+    instance.serve(program.requests());
+    program.start(invocation);
+    const int status = QApplication::exec();
+    program.stop();
+    return status;
+}
+
+std::expected<void, std::string> handOver(const SessionInstance& instance,
+                                          const Invocation& invocation) {
+    if (!invocation.action.empty()) {
+        return instance.activateAction(invocation.action);
+    }
+    return invocation.urls.empty() ? instance.activate() : instance.open(invocation.urls);
+}
+
+int run(const Invocation& invocation) {
+    configure();
+    SessionInstance instance{std::string(bundleIdentifier)};
+    if (instance.claim() == SessionInstance::Claim::taken) {
+        const auto handedOver = handOver(instance, invocation);
+        return handedOver ? EXIT_SUCCESS : fail(handedOver.error());
+    }
+    return runFirst(instance, invocation);
+}
+
+} // namespace
+} // namespace blankwell::application
+
+int main(int argc, char** argv) {
+    using namespace blankwell::application;
+    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    const auto invocation = parseArguments(arguments);
+    if (!invocation) {
+        return fail(invocation.error(), wrongUsage);
+    }
+    if (const auto text = textInstead(invocation->purpose)) {
+        fmt::print("{}", *text);
+        return EXIT_SUCCESS;
+    }
+    const QApplication application(argc, argv);
+    return run(*invocation);
+}

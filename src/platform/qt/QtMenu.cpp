@@ -1,0 +1,57 @@
+#include "platform/qt/QtMenu.h"
+
+#include "base/Overloaded.h"
+#include "platform/MainQueue.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/TemplateIcon.h"
+
+#include <QMenu>
+
+#include <functional>
+#include <variant>
+
+namespace blankwell {
+namespace {
+
+using Command = MenuCommand<std::function<void()>>;
+using CommandSubmenu = Submenu<std::function<void()>>;
+
+/// A title in which no letter becomes a key to press.
+QString label(const std::string& title) {
+    return qtText(title).replace('&', "&&");
+}
+
+void addHeader(QMenu& menu, const MenuHeader& header) {
+    // Not a section: its text does not reach the desktop's menus.
+    menu.addAction(label(header.title))->setEnabled(false);
+}
+
+void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue) {
+    auto* const action = menu.addAction(symbolIcon(command.symbol.name), label(command.title));
+    action->setEnabled(command.isEnabled);
+    QObject::connect(action, &QAction::triggered, action,
+                     [&mainQueue, run = command.action] { mainQueue.async(run); });
+}
+
+void addSubmenu(QMenu& menu, const CommandSubmenu& submenu, MainQueue& mainQueue) {
+    auto* const child = menu.addMenu(symbolIcon(submenu.symbol.name), label(submenu.title));
+    fillMenu(*child, submenu.items, mainQueue);
+}
+
+} // namespace
+
+void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue) {
+    menu.clear();
+    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    for (const auto& item : items) {
+        std::visit(Overloaded{
+                       [&](const MenuSeparator&) { menu.addSeparator(); },
+                       [&](const MenuHeader& header) { addHeader(menu, header); },
+                       [&](const Command& command) { addCommand(menu, command, mainQueue); },
+                       [&](const CommandSubmenu& submenu) { addSubmenu(menu, submenu, mainQueue); },
+                   },
+                   item);
+    }
+}
+
+} // namespace blankwell

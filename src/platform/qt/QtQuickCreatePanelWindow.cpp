@@ -1,0 +1,118 @@
+#include "platform/qt/QtQuickCreatePanelWindow.h"
+
+#include "platform/qt/QtApplication.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/ScreenCoordinates.h"
+#include "platform/qt/X11WindowHints.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QScreen>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <QWindow>
+
+namespace blankwell {
+namespace {
+
+class PanelWindow : public QWidget {
+public:
+    explicit PanelWindow(const QuickCreatePanelConfiguration& configuration)
+        : QWidget(nullptr, flags(configuration)),
+          isOnAllDesktops_(configuration.canJoinAllSpaces),
+          isMovable_(configuration.isMovableByWindowBackground) {}
+
+protected:
+    void showEvent(QShowEvent* event) override {
+        if (!event->spontaneous()) {
+            announce();
+        }
+        QWidget::showEvent(event);
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        // What the content does not take for itself is background.
+        if (isMovable_ && event->button() == Qt::LeftButton) {
+            windowHandle()->startSystemMove();
+        }
+    }
+
+private:
+    static Qt::WindowFlags flags(const QuickCreatePanelConfiguration& configuration) {
+        Qt::WindowFlags result = Qt::Tool;
+        result.setFlag(Qt::FramelessWindowHint, configuration.hasFullSizeContentView &&
+                                                    configuration.titlebarAppearsTransparent);
+        result.setFlag(Qt::WindowStaysOnTopHint, configuration.isFloatingPanel);
+        return result;
+    }
+
+    /// Tells the window manager what it has to know before it shows the window.
+    void announce() {
+        setWindowStates(*windowHandle(), {WindowState::skipTaskbar, WindowState::skipPager},
+                        WindowStatePresence::present);
+        if (isOnAllDesktops_) {
+            putOnAllDesktops(*windowHandle());
+        }
+    }
+
+    bool isOnAllDesktops_;
+    bool isMovable_;
+};
+
+QSize pixels(Size size) {
+    return {qRound(size.width), qRound(size.height)};
+}
+
+ScreenCoordinates coordinates() {
+    const auto* const primary = QGuiApplication::primaryScreen();
+    return ScreenCoordinates(primary == nullptr ? QRect() : primary->geometry());
+}
+
+} // namespace
+
+QtQuickCreatePanelWindow::QtQuickCreatePanelWindow(
+    const QuickCreatePanelConfiguration& configuration, std::unique_ptr<QWidget> content,
+    QtApplication& application)
+    : window_(std::make_unique<PanelWindow>(configuration)),
+      content_(content.get()),
+      application_(application) {
+    auto* const layout = new QVBoxLayout(window_.get());
+    layout->setContentsMargins({});
+    layout->addWidget(content.release()); // which the window owns now
+    window_->setWindowTitle(qtText(configuration.title));
+    window_->setMinimumSize(pixels(configuration.minimumSize));
+    window_->resize(pixels(configuration.contentSize));
+    window_->winId(); // the window exists before it is shown
+    window_->grab();  // styles, fonts and symbols are loaded
+}
+
+QtQuickCreatePanelWindow::~QtQuickCreatePanelWindow() = default;
+
+Rect QtQuickCreatePanelWindow::frame() const {
+    return coordinates().rectOf(window_->frameGeometry());
+}
+
+void QtQuickCreatePanelWindow::setFrame(const Rect& frame) {
+    const auto place = coordinates().pixelsOf(frame);
+    const auto borders = window_->frameGeometry().size() - window_->size();
+    window_->move(place.topLeft());
+    window_->resize(place.size() - borders);
+    window_->update();
+}
+
+void QtQuickCreatePanelWindow::makeKeyAndOrderFront() {
+    application_.bringToFront(*window_);
+    content_->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+void QtQuickCreatePanelWindow::orderOut() {
+    window_->hide();
+}
+
+bool QtQuickCreatePanelWindow::isVisible() const {
+    return window_->isVisible();
+}
+
+} // namespace blankwell

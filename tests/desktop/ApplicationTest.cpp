@@ -1,0 +1,235 @@
+#include "desktop/Desktop.h"
+#include "desktop/Program.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace blankwell {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr auto busName = "app.blankwell.BlankwellPlus";
+constexpr auto barName = "org.kde.StatusNotifierWatcher";
+
+void storePresence(const std::string& presence) {
+    makeSettings("BLNKWLPLUS.app.blankwell.BlankwellPlus.plist",
+                 R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
+                 "<key>appPresence</key><string>" +
+                     presence + "</string></dict></plist>");
+}
+
+/// The shell's `$?` after the application was started with `arguments`.
+std::string statusOf(const std::string& arguments) {
+    return outputOf(
+        {"sh", "-c",
+         std::string(BLANKWELL_APPLICATION) + " " + arguments + " >/dev/null; printf $?"});
+}
+
+std::string requestUrl(const FileUrl& folder, const std::string& type) {
+    return "blankwellplus://create?type=" + type + "&directory=" + folder.path();
+}
+
+long filesIn(const FileUrl& folder) {
+    return std::distance(std::filesystem::directory_iterator(folder.path()),
+                         std::filesystem::directory_iterator());
+}
+
+bool windowIsGone(const std::string& title) {
+    return eventually([&] {
+        const auto titles = windowTitles();
+        return std::ranges::find(titles, title) == titles.end();
+    });
+}
+
+std::string statesOf(const std::string& title) {
+    return outputOf({"xprop", "-name", title, "_NET_WM_STATE", "_NET_WM_DESKTOP"});
+}
+
+/// The status items that the bar has.
+std::string statusItems() {
+    return outputOf({"busctl", "--user", "get-property", barName, "/StatusNotifierWatcher", barName,
+                     "RegisteredStatusNotifierItems"});
+}
+
+struct ApplicationTest : testing::Test {
+    ApplicationTest() {
+        std::filesystem::remove_all(desktopHome().appending(".config").path());
+        ::setenv("XFCE_PANEL_MIGRATE_DEFAULT", "1", 1);
+    }
+
+    ~ApplicationTest() override {
+        application.reset();
+        EXPECT_TRUE(eventually([] { return !isOnBus(busName); }));
+    }
+
+    void start(const Arguments& arguments = {}) {
+        Arguments command{BLANKWELL_APPLICATION};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        application.emplace(command);
+        ASSERT_TRUE(eventually([] { return isOnBus(busName); }));
+    }
+
+    void startInBackground() { start({"--background"}); }
+
+    std::optional<Program> application;
+};
+
+TEST_F(ApplicationTest, ASecondStartHandsItsUrlToTheRunningOneAndExits) {
+    startInBackground();
+    const auto folder = makeFolder("second");
+    EXPECT_EQ(statusOf("'" + requestUrl(folder, "md") + "'"), "0");
+    EXPECT_TRUE(eventually(
+        [&] { return std::filesystem::exists(folder.appending("Untitled.md").path()); }));
+    EXPECT_EQ(filesIn(folder), 1);
+}
+
+TEST_F(ApplicationTest, OfTenUrlsForAnApplicationThatStartsNoneIsLostAndNoneServedTwice) {
+    const auto folder = makeFolder("ten");
+    std::vector<std::unique_ptr<Program>> starts;
+    for (int i = 0; i < 10; ++i) {
+        starts.push_back(
+            std::make_unique<Program>(Arguments{BLANKWELL_APPLICATION, requestUrl(folder, "txt")}));
+    }
+    EXPECT_TRUE(eventually([&] { return filesIn(folder) >= 10; }));
+    EXPECT_FALSE(eventually([&] { return filesIn(folder) > 10; }, std::chrono::seconds(1)));
+}
+
+TEST_F(ApplicationTest, ARequestToAnAbsentApplicationStartsItByTheServiceFile) {
+    const auto services = makeFolder(".local/share/dbus-1/services");
+    std::filesystem::copy(BLANKWELL_SERVICE_FILE, services.path());
+    outputOf({"busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+              "org.freedesktop.DBus", "ReloadConfig"});
+    const auto folder = makeFolder("absent");
+    outputOf({"busctl", "--user", "call", busName, "/app/blankwell/BlankwellPlus",
+              "org.freedesktop.Application", "Open", "asa{sv}", "1", requestUrl(folder, "md"),
+              "0"});
+    EXPECT_TRUE(eventually(
+        [&] { return std::filesystem::exists(folder.appending("Untitled.md").path()); }));
+    EXPECT_THAT(windowTitles(), Not(testing::Contains("Blankwell+")));
+    outputOf({"busctl", "--user", "call", busName, "/app/blankwell/BlankwellPlus",
+              "org.freedesktop.Application", "ActivateAction", "sava{sv}", "quick-create", "0",
+              "0"});
+    EXPECT_TRUE(windowAppears("Create File"));
+    const auto process =
+        outputOf({"busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                  "org.freedesktop.DBus", "GetConnectionUnixProcessID", "s", busName});
+    outputOf({"kill", "-TERM", process.substr(2, process.size() - 3)});
+}
+
+TEST_F(ApplicationTest, ASecondStartWithoutArgumentsShowsTheMainWindow) {
+    startInBackground();
+    EXPECT_THAT(windowTitles(), Not(testing::Contains("Blankwell+")));
+    EXPECT_EQ(statusOf(""), "0");
+    EXPECT_TRUE(windowAppears("Blankwell+"));
+}
+
+TEST_F(ApplicationTest, ThePanelIsAboveOnEveryDesktopAndInNoTaskBarEachTimeItIsShown) {
+    startInBackground();
+    for (int times = 0; times < 2; ++times) {
+        EXPECT_EQ(statusOf("--action=quick-create"), "0");
+        ASSERT_TRUE(windowAppears("Create File"));
+        const auto states = statesOf("Create File");
+        EXPECT_THAT(states, HasSubstr("_NET_WM_STATE_ABOVE"));
+        EXPECT_THAT(states, HasSubstr("_NET_WM_STATE_SKIP_TASKBAR"));
+        EXPECT_THAT(states, HasSubstr("_NET_WM_STATE_SKIP_PAGER"));
+        EXPECT_THAT(states, HasSubstr("4294967295"));
+        ASSERT_TRUE(bringToFront("Create File"));
+        type("Escape");
+        ASSERT_TRUE(windowIsGone("Create File"));
+    }
+}
+
+TEST_F(ApplicationTest, TheHotKeyOpensThePanelWithTheKeyboard) {
+    startInBackground();
+    EXPECT_TRUE(eventually([] {
+        type("ctrl+alt+n");
+        const auto titles = windowTitles();
+        return std::ranges::find(titles, "Create File") != titles.end();
+    }));
+    type("Escape");
+    EXPECT_TRUE(windowIsGone("Create File"));
+}
+
+TEST_F(ApplicationTest, AfterAnAlertThePanelHasTheKeyboardAgain) {
+    startInBackground();
+    EXPECT_EQ(statusOf("--action=quick-create"), "0");
+    ASSERT_TRUE(windowAppears("Create File"));
+    ASSERT_TRUE(bringToFront("Create File"));
+    EXPECT_EQ(statusOf("'blankwellplus://create?type=none&directory=/'"), "0");
+    ASSERT_TRUE(windowAppears("Could not create file"));
+    ASSERT_TRUE(bringToFront("Could not create file"));
+    type("Return");
+    ASSERT_TRUE(windowIsGone("Could not create file"));
+    EXPECT_TRUE(eventually([] {
+        return outputOf({"xdotool", "getactivewindow", "getwindowname"}) == "Create File\n";
+    }));
+}
+
+TEST_F(ApplicationTest, WithoutAStatusBarTheMainWindowOpensWhereItIsTheOnlyWayIn) {
+    storePresence("menuBarOnly");
+    startInBackground();
+    ASSERT_TRUE(windowAppears("Blankwell+"));
+    EXPECT_THAT(statesOf("Blankwell+"), HasSubstr("_NET_WM_STATE_SKIP_TASKBAR"));
+}
+
+TEST_F(ApplicationTest, AChangeOfPresenceByAnotherProcessReachesTheShownWindow) {
+    start();
+    ASSERT_TRUE(windowAppears("Blankwell+"));
+    EXPECT_THAT(statesOf("Blankwell+"), Not(HasSubstr("_NET_WM_STATE_SKIP_TASKBAR")));
+    storePresence("menuBarOnly");
+    EXPECT_TRUE(eventually([] {
+        return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") != std::string::npos;
+    }));
+    storePresence("dockOnly");
+    EXPECT_TRUE(eventually([] {
+        return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") == std::string::npos;
+    }));
+}
+
+TEST_F(ApplicationTest, AStatusBarThatStartsLaterOrAnewShowsTheItem) {
+    storePresence("menuBarOnly");
+    startInBackground();
+    for (int times = 0; times < 2; ++times) {
+        const Program bar({"xfce4-panel", "--disable-wm-check"});
+        EXPECT_TRUE(eventually([] {
+            return isOnBus(barName) &&
+                   statusItems().find("StatusNotifierItem") != std::string::npos;
+        }));
+    }
+}
+
+TEST_F(ApplicationTest, UserInterfaceTestsSeeNoStatusItemAndARegularApplication) {
+    storePresence("menuBarOnly");
+    ::setenv("BLANKWELL_UI_TESTING", "1", 1);
+    start();
+    ::unsetenv("BLANKWELL_UI_TESTING");
+    ASSERT_TRUE(windowAppears("Blankwell+"));
+    EXPECT_THAT(statesOf("Blankwell+"), Not(HasSubstr("_NET_WM_STATE_SKIP_TASKBAR")));
+}
+
+TEST_F(ApplicationTest, TheEndOfTheSessionEndsItInOrder) {
+    startInBackground();
+    EXPECT_EQ(statusOf("--action=quick-create"), "0");
+    ASSERT_TRUE(windowAppears("Create File"));
+    EXPECT_EQ(application->terminate(), 0);
+    application.reset();
+    EXPECT_TRUE(windowIsGone("Create File"));
+}
+
+TEST_F(ApplicationTest, WrongArgumentsAreRefused) {
+    EXPECT_EQ(statusOf("--no-such-option"), "2");
+}
+
+} // namespace
+} // namespace blankwell
