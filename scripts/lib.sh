@@ -58,13 +58,14 @@ quietly() {
     return "$status"
 }
 
-# build PRESET [CMAKE-OPTION...]: configures and builds a preset, silent unless it fails.
+# build PRESET [CMAKE-OPTION...]: configures and builds a preset, silent unless it fails. The variable
+# `targets` may name what to build of it.
 build() {
     local preset=$1
     shift
     (
         cd "$root"
         quietly cmake --preset "$preset" "$@"
-        quietly cmake --build --preset "$preset"
+        quietly cmake --build --preset "$preset" ${targets:+--target $targets}
     )
 }
