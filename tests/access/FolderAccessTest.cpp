@@ -107,7 +107,7 @@ TEST_F(CreateWithFolderAccessTest, WithoutARootAndPromptingNothingIsShownOrMade)
 }
 
 TEST_F(CreateWithFolderAccessTest, AsksForTheFolderSavesItAndWrites) {
-    openPanel.willChoose({FileUrl("/Users/u/Projects/")});
+    openPanel.willChoose({FileUrl("/Users/u/x/../Projects/")});
     scopes.grants.insert(FileUrl("/Users/u/Projects"));
     EXPECT_EQ(create("/Users/u/Projects"), "/Users/u/Projects/Untitled.txt");
     EXPECT_THAT(events,
@@ -199,6 +199,13 @@ TEST_F(CreateWithFolderAccessTest, ASubfolderOfTheSuggestionMayBeChosenIfItHolds
     EXPECT_EQ(create("/Users/u/Dropbox/a/b"), "/Users/u/Dropbox/a/b/Untitled.txt");
 }
 
+TEST_F(CreateWithFolderAccessTest, AWrongFolderIsToldFromTheOneThatWasAskedFor) {
+    openPanel.willChoose({FileUrl("/Users/u/Dropbox/a/other")});
+    EXPECT_EQ(create("/Users/u/Dropbox/a/b"),
+              "Please choose Dropbox (or a folder that contains it), not other.");
+    EXPECT_THAT(savedRoots(), IsEmpty());
+}
+
 TEST_F(CreateWithFolderAccessTest, WithoutAHomeTheTargetItselfIsAskedFor) {
     account.userRecord.reset();
     openPanel.willCancel();
@@ -219,6 +226,8 @@ TEST(SuggestedRootTest, IsTheCloudRootThatHoldsTheTarget) {
               "/Users/u/Library/CloudStorage/OneDrive");
     EXPECT_EQ(suggestion("/Users/u/Library/CloudStorage/a/b/c"), "/Users/u/Library/CloudStorage/a");
     EXPECT_EQ(suggestion("/Users/u/Library/CloudStorage"), "(none)");
+    EXPECT_EQ(suggestion("/Users/u/Library/CloudStorage/a/../b/c"),
+              "/Users/u/Library/CloudStorage/b");
     EXPECT_EQ(suggestion("/Users/u/Projects"), "(none)");
     EXPECT_EQ(suggestion("/Users/other/Dropbox/a"), "(none)");
     EXPECT_EQ(FolderAccess::suggestedRoot(FileUrl("/Users/u/Dropbox"), std::nullopt), std::nullopt);
@@ -285,9 +294,10 @@ struct GrantCloudFoldersTest : FolderAccessTest {
 };
 
 TEST_F(GrantCloudFoldersTest, AsksForEachKindInItsOrder) {
+    files.displayNames.emplace(FileUrl(iCloud), "iCloud Drive");
     openPanel.willChoose({});
-    openPanel.willChoose({FileUrl("/c/one/"), FileUrl("/c/two")});
-    openPanel.willChoose({FileUrl("/elsewhere")});
+    openPanel.willChoose({FileUrl("/c/./one/"), FileUrl("/c/two")});
+    openPanel.willChoose({FileUrl("/c/../elsewhere")});
     EXPECT_THAT(outcome(access.grantCloudFolders()),
                 ElementsAre(dropbox, "/c/one", "/c/two", "/elsewhere"));
     EXPECT_THAT(savedRoots(), ElementsAre("/c/one", "/c/two", "/elsewhere", dropbox));
@@ -302,13 +312,13 @@ TEST_F(GrantCloudFoldersTest, AsksForEachKindInItsOrder) {
                                                   "provider folders that Blankwell+ can use.",
                                                   FileUrl(providers), true),
                     FolderAccess::makeAccessPanel(
-                        "Allow com~apple~CloudDocs Access",
-                        "Click Allow Access to let Blankwell+ create files in com~apple~CloudDocs "
-                        "and its subfolders.",
+                        "Allow iCloud Drive Access",
+                        "Click Allow Access to let Blankwell+ create files in iCloud Drive and its "
+                        "subfolders.",
                         FileUrl(iCloud), false)));
     EXPECT_THAT(events, ElementsAre("activate", "panel Allow Dropbox Access", "activate",
                                     "panel Add Cloud Folder Access", "activate",
-                                    "panel Allow com~apple~CloudDocs Access"));
+                                    "panel Allow iCloud Drive Access"));
 }
 
 TEST_F(GrantCloudFoldersTest, ARefusedFolderDoesNotEndTheFlow) {
@@ -329,6 +339,16 @@ TEST_F(GrantCloudFoldersTest, WithoutAnyCloudFolderFailsAtOnce) {
     EXPECT_THAT(outcome(access.grantCloudFolders()),
                 ElementsAre("Blankwell+ needs access to u before it can create files there."));
     EXPECT_THAT(events, IsEmpty());
+}
+
+TEST_F(GrantCloudFoldersTest, OnlyFoldersThatExistAreAskedFor) {
+    files.folders.clear();
+    files.addFile(dropbox);
+    files.addFile(providers);
+    files.addFolder(iCloud);
+    openPanel.willChoose({FileUrl(iCloud)});
+    EXPECT_THAT(outcome(access.grantCloudFolders()), ElementsAre(iCloud));
+    EXPECT_EQ(openPanel.shown.size(), 1U);
 }
 
 TEST_F(GrantCloudFoldersTest, AProviderThatCannotBeSavedEndsTheFlowAndKeepsTheOthers) {
@@ -381,6 +401,12 @@ TEST_F(FolderAccessTest, AsksForOtherFoldersInTheHome) {
                   "Add Other Folders", "Choose any other folders Blankwell+ can create files in.",
                   FileUrl("/Users/u"), true));
     EXPECT_THAT(events, ElementsAre("panel Add Other Folders"));
+}
+
+TEST_F(FolderAccessTest, OtherFoldersNotChosenAreAskedForByTheHome) {
+    EXPECT_THAT(outcome(access.grantOtherFolders()),
+                ElementsAre("Blankwell+ needs access to u before it can create files there."));
+    EXPECT_THAT(savedRoots(), IsEmpty());
 }
 
 TEST_F(FolderAccessTest, OtherFoldersWithoutAHomeAreAskedForAnywhere) {

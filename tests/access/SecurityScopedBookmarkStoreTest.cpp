@@ -146,7 +146,7 @@ TEST_F(SecurityScopedBookmarkStoreTest, AStaleBookmarkThatCannotBeRefreshedStill
 TEST_F(SecurityScopedBookmarkStoreTest, ADamagedBookmarkIsDiscardedAndLoggedAsANotice) {
     save("/a");
     failToResolve("/a", corrupt);
-    EXPECT_FALSE(store.resolveBookmark(FileUrl("/a")));
+    EXPECT_FALSE(store.resolveBookmark(FileUrl("/a/x/../")));
     EXPECT_THAT(roots(), IsEmpty());
     EXPECT_THAT(log.lines, ElementsAre(FakeLog::Line{
                                LogLevel::notice, "SecurityScopedBookmarks",
@@ -190,6 +190,12 @@ TEST_F(SecurityScopedBookmarkStoreTest, RootsAreStandardizedWhateverTheKeySays) 
     EXPECT_THAT(roots(), ElementsAre("/a/c"));
 }
 
+TEST_F(SecurityScopedBookmarkStoreTest, AKeyThatIsNotStandardizedGivesNoAccess) {
+    domains.group.values[keyOf("/a//c")] = FakeBookmarks::blob("/a/c");
+    EXPECT_FALSE(store.resolveBookmark(FileUrl("/a/c")));
+    EXPECT_EQ(accessTo("/a/c"), "(none)");
+}
+
 TEST_F(SecurityScopedBookmarkStoreTest, AForgottenRootIsGoneAndAnUnknownOneIsNoError) {
     save("/a");
     EXPECT_TRUE(store.removeBookmark(FileUrl("/a/x/../")));
@@ -231,6 +237,14 @@ TEST_F(SecurityScopedBookmarkStoreTest, LengthIsCountedInCharactersNotBytes) {
     EXPECT_EQ(accessTo("/a/b"), "/12345");
 }
 
+TEST_F(SecurityScopedBookmarkStoreTest, LengthIsThatOfTheStandardizedPath) {
+    save("/a");
+    save("/a/b");
+    moveTo("/a", "/a/long/way/../../../x1");
+    moveTo("/a/b", "/x/2");
+    EXPECT_EQ(accessTo("/a/b"), "/x/2");
+}
+
 TEST_F(SecurityScopedBookmarkStoreTest, OfEquallyLongRootsTheEarlierWins) {
     save("/a");
     save("/a/b");
@@ -245,6 +259,12 @@ TEST_F(SecurityScopedBookmarkStoreTest, ADamagedRootIsSkippedForTheNext) {
     failToResolve("/Users/a/Projects", corrupt);
     EXPECT_EQ(accessTo("/Users/a/Projects/x"), "/Users/a");
     EXPECT_THAT(roots(), ElementsAre("/Users/a"));
+
+    save("/Users/a/Projects");
+    bookmarks.outcomes.clear();
+    failToResolve("/Users/a", corrupt);
+    EXPECT_EQ(accessTo("/Users/a/Projects/x"), "/Users/a/Projects");
+    EXPECT_THAT(roots(), ElementsAre("/Users/a/Projects"));
 }
 
 TEST_F(SecurityScopedBookmarkStoreTest, RootsThatDoNotCoverTheTargetAreNotResolved) {

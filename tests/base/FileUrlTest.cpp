@@ -17,6 +17,8 @@ TEST(FileUrlTest, StandardizingTakesOutDotsAndDoubleSlashesByText) {
     EXPECT_EQ(FileUrl("/..").standardized().path(), "/");
     EXPECT_EQ(FileUrl("//a").standardized().path(), "/a");
     EXPECT_EQ(FileUrl("a/../../b").standardized().path(), "../b");
+    EXPECT_EQ(FileUrl("../../b").standardized().path(), "../../b");
+    EXPECT_EQ(FileUrl(".").standardized().path(), "");
     EXPECT_EQ(FileUrl("/a/...").standardized().path(), "/a/...");
 }
 
@@ -35,6 +37,21 @@ TEST(FileUrlTest, TheLastComponentOfTheRootIsTheSlash) {
 TEST(FileUrlTest, AppendingToTheRootDoublesNoSlash) {
     EXPECT_EQ(FileUrl("/").appending("a").path(), "/a");
     EXPECT_EQ(FileUrl("/a").appending("b c").path(), "/a/b c");
+}
+
+TEST(FileUrlTest, WhatIsAppendedToAStandardizedUrlIsStandardizedAnew) {
+    const auto folder = FileUrl("/a/b").standardized();
+    EXPECT_EQ(folder.appending("..").standardized().path(), "/a");
+    EXPECT_EQ(folder.appending("c/../d").standardized().path(), "/a/b/d");
+    EXPECT_EQ(folder.appending("..").appending("c").standardized().path(), "/a/c");
+}
+
+TEST(FileUrlTest, AParentIsNoMoreStandardizedThanItsChild) {
+    EXPECT_EQ(FileUrl("/a/../b/c").deletingLastPathComponent().standardized().path(), "/b");
+}
+
+TEST(FileUrlTest, ARelativeNameIsHeldByNothing) {
+    EXPECT_EQ(FileUrl("a").deletingLastPathComponent().path(), "");
 }
 
 TEST(FileUrlTest, TheFolderThatHoldsTheRootIsTheRoot) {

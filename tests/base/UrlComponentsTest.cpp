@@ -28,6 +28,8 @@ TEST(UrlComponentsTest, KeepsTheLettersOfSchemeAndHost) {
 
 TEST(UrlComponentsTest, TheHostStandsWithoutUserPortAndPath) {
     EXPECT_EQ(parseUrl("x://u:p@create:80/path?q")->host, "create");
+    EXPECT_EQ(parseUrl("x://create/path?q")->host, "create");
+    EXPECT_EQ(parseUrl("x://u@h@create")->host, "create");
     EXPECT_EQ(parseUrl("x://[::1]:80")->host, "[::1]");
     EXPECT_EQ(parseUrl("x:create?q")->host, "");
     EXPECT_EQ(parseUrl("x:/create?q")->host, "");

@@ -37,6 +37,7 @@ TEST_F(CreationDestinationTest, ADesktopOfAnotherNameIsStillCalledDesktop) {
     const auto resolved = destination.resolve(desktop);
     EXPECT_EQ(resolved.url, FileUrl("/Users/u/Schreibtisch"));
     EXPECT_EQ(resolved.destinationName(), "Desktop");
+    EXPECT_EQ(destination.resolve(frontFinderFolder).destinationName(), "Desktop");
 }
 
 TEST_F(CreationDestinationTest, ResolvingTheDesktopAsksNoFileManager) {
@@ -82,6 +83,11 @@ TEST_F(CreationDestinationTest, TheFrontFoldersPathIsTakenAsItWasReturned) {
     EXPECT_EQ(destination.frontFinderFolderURL(), FileUrl("/Users/u/ends in blanks  "));
 }
 
+TEST_F(CreationDestinationTest, TheFrontFolderIsStandardized) {
+    frontFolder.answer = "/Users/u//x/../Projects/.";
+    EXPECT_EQ(destination.resolve(frontFinderFolder).url.path(), "/Users/u/Projects");
+}
+
 TEST(CreationDestinationModeTest, StandsInItsOrderWithItsRawValuesAndTitles) {
     EXPECT_EQ(allCreationDestinationModes[0], desktop);
     EXPECT_EQ(allCreationDestinationModes[1], frontFinderFolder);
@@ -106,15 +112,6 @@ TEST(FrontFinderFolderScriptTest, IsFiveLinesWithoutALineFeedAtTheEnd) {
               "    set folderAlias to target of front Finder window as alias\n"
               "    return POSIX path of folderAlias\n"
               "end tell");
-}
-
-TEST(RealHomeDeathTest, ARecordWithoutAHomeEndsTheProcess) {
-    FakeAccount account;
-    account.userRecord = AccountRecord{};
-    FakeWellKnownFolders folders;
-    FakeFrontFolder frontFolder;
-    const CreationDestination destination(account, folders, frontFolder);
-    EXPECT_DEATH((void)destination.desktopFolderURL(), "names no home folder");
 }
 
 } // namespace

@@ -71,6 +71,15 @@ TEST_F(FileCreatorTest, EachTypeStartsWithItsTemplate) {
     }
 }
 
+TEST_F(FileCreatorTest, TheIdChoosesTheTemplateAndTheExtensionTheName) {
+    const FileTypeDefinition page{"html", "Page", "htm", FileTypeCategory::code, "globe"};
+    const FileTypeDefinition other{"page", "Page", "html", FileTypeCategory::code, "globe"};
+    EXPECT_EQ(creator.createFile(page, FileUrl("/f")), FileUrl("/f/Untitled.htm"));
+    EXPECT_EQ(creator.createFile(other, FileUrl("/f")), FileUrl("/f/Untitled.html"));
+    EXPECT_EQ(files.contents("/f/Untitled.htm").size(), 122U);
+    EXPECT_EQ(files.contents("/f/Untitled.html"), "");
+}
+
 TEST_F(FileCreatorTest, ANumberedPageKeepsItsTitle) {
     files.addFile("/f/Untitled.html");
     EXPECT_THAT(files.contents(create("html")), testing::HasSubstr("<title>Untitled</title>"));
@@ -124,6 +133,16 @@ TEST_F(FileCreatorTest, WritesToThePlaceThatTheCoordinatorHandsOut) {
     coordinator.handsOut = FileUrl("/elsewhere/moved.json");
     EXPECT_EQ(create("json"), "/f/Untitled.json");
     EXPECT_EQ(files.contents("/elsewhere/moved.json"), "{}\n");
+}
+
+TEST_F(FileCreatorTest, CopiesToThePlaceThatTheCoordinatorHandsOut) {
+    files.addFolder("/elsewhere");
+    files.addFile("/app/blank.docx", "a document");
+    bundle.resources.emplace("blank.docx", FileUrl("/app/blank.docx"));
+    coordinator.handsOut = FileUrl("/elsewhere/moved.docx");
+    EXPECT_EQ(create("docx"), "/f/Untitled.docx");
+    EXPECT_EQ(files.contents("/elsewhere/moved.docx"), "a document");
+    EXPECT_EQ(files.contents("/f/Untitled.docx"), "(none)");
 }
 
 TEST_F(FileCreatorTest, ACoordinatorsErrorCountsBeforeAllElse) {

@@ -102,12 +102,20 @@ TEST(FileTypeDefinitionTest, DoesNotDecodeWithoutEachMember) {
 }
 
 TEST(FileTypeDefinitionTest, HashesOverAllFields) {
-    const auto& text = *FileTypeCatalog::definition("txt");
-    auto renamed = text;
-    renamed.sfSymbolName = "doc";
-    const std::unordered_set<FileTypeDefinition> set{text, renamed, text};
-    EXPECT_EQ(set.size(), 2U);
-    EXPECT_NE(std::hash<FileTypeDefinition>{}(text), std::hash<FileTypeDefinition>{}(renamed));
+    const FileTypeDefinition text{"txt", "Text", "txt", plainText, "doc.text"};
+    const std::unordered_set<FileTypeDefinition> set{text, text};
+    EXPECT_EQ(set.size(), 1U);
+    const std::hash<FileTypeDefinition> hashOf;
+    for (const FileTypeDefinition& other : {
+             FileTypeDefinition{"text", "Text", "txt", plainText, "doc.text"},
+             FileTypeDefinition{"txt", "Words", "txt", plainText, "doc.text"},
+             FileTypeDefinition{"txt", "Text", "text", plainText, "doc.text"},
+             FileTypeDefinition{"txt", "Text", "txt", code, "doc.text"},
+             FileTypeDefinition{"txt", "Text", "txt", plainText, "doc"},
+         }) {
+        EXPECT_NE(other, text);
+        EXPECT_NE(hashOf(other), hashOf(text));
+    }
 }
 
 } // namespace

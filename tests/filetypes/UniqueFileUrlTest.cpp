@@ -74,9 +74,10 @@ TEST_F(UniqueFileUrlTest, AGapAmongManyIsFilled) {
 TEST_F(UniqueFileUrlTest, NamesThatOnlyLookNumberedTakeNothing) {
     takeUpTo(20);
     for (const auto* other :
-         {"Untitled 021.txt", "Untitled 21.md", "Untitled 21 .txt", "Untitled  21.txt",
-          "Untitled +21.txt", "Untitled 21.txt.txt", "Untitled 21", "My Untitled 21.txt",
-          "Untitled .txt", "Untitled 99999999999999999999.txt", "Untitled -21.txt"}) {
+         {"Untitled 021.txt", "Untitled 21.md", "Untitled 21.csv", "Document 21.txt",
+          "Untitled 21 .txt", "Untitled  21.txt", "Untitled +21.txt", "Untitled 21.txt.txt",
+          "Untitled 21", "My Untitled 21.txt", "Untitled .txt", "Untitled 99999999999999999999.txt",
+          "Untitled -21.txt"}) {
         files.addFile("/f/" + std::string(other));
     }
     EXPECT_EQ(name(), "Untitled 21.txt");
@@ -106,9 +107,9 @@ TEST_F(UniqueFileUrlTest, TheFileSystemSaysWhichNamesAreEqual) {
 }
 
 TEST_F(UniqueFileUrlTest, AFolderThatCannotBeReadIsAskedNameByName) {
-    takeUpTo(100);
+    takeUpTo(1000);
     files.failListingWith = SystemError{SystemError::Domain::posix, 13, "no permission"};
-    EXPECT_EQ(name(), "Untitled 101.txt");
+    EXPECT_EQ(name(), "Untitled 1001.txt");
 }
 
 TEST_F(UniqueFileUrlTest, AnUnclearAnswerIsNotFree) {

@@ -125,6 +125,20 @@ TEST_F(LinuxFileSystemTest, ACopyOfAReadOnlyTemplateCanBeWrittenTo) {
     EXPECT_NE(status.st_mode & S_IWUSR, 0U);
 }
 
+TEST_F(LinuxFileSystemTest, ASourceThatIsMissingIsTheOneThatIsNamed) {
+    const auto copied = files.copyNew(folder.at("template"), folder.at("copy"));
+    ASSERT_FALSE(copied);
+    EXPECT_EQ(copied.error().code, ENOENT);
+    EXPECT_THAT(copied.error().description, testing::StartsWith("Could not read \"template\""));
+}
+
+TEST_F(LinuxFileSystemTest, ASourceThatCannotBeReadLeavesNoCopy) {
+    const auto copied = files.copyNew(folder.addFolder("template"), folder.at("copy"));
+    ASSERT_FALSE(copied);
+    EXPECT_EQ(copied.error().code, EISDIR);
+    EXPECT_EQ(files.itemExists(folder.at("copy")), false);
+}
+
 TEST_F(LinuxFileSystemTest, AFolderWithoutWritePermissionIsTheSystemsError) {
     std::filesystem::permissions(folder.url().path(), std::filesystem::perms(0755));
     inChildProcess([&] {
