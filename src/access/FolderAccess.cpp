@@ -121,7 +121,7 @@ FolderAccess::Result<FileUrl> FolderAccess::grantHomeFolder() {
         return std::unexpected(Error{Error::HomeFolderUnavailable{}});
     }
     return requestAccess(
-        *home, *home, "Allow Home Folder Access",
+        *home, home, "Allow Home Folder Access",
         "Choose your home folder so Blankwell+ can create files in folders you own.");
 }
 

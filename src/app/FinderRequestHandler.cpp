@@ -57,11 +57,7 @@ void FinderRequestHandler::handle(const FinderRequest& request) {
 
 void FinderRequestHandler::reportFailure(const std::string& text) {
     services_.application.activate();
-    services_.alert.runModal({
-        .style = AlertContent::Style::warning,
-        .messageText = "Could not create file",
-        .informativeText = text,
-    });
+    services_.alert.runModal(creationFailedAlert(text));
 }
 
 } // namespace blankwell

@@ -47,11 +47,9 @@ std::string standardizedPath(std::string_view path) {
         if (component.empty() || component == ".") {
             continue;
         }
-        if (component != "..") {
-            kept.push_back(component);
-        } else if (!kept.empty() && kept.back() != "..") {
+        if (component == ".." && !kept.empty() && kept.back() != "..") {
             kept.pop_back();
-        } else if (!isAbsolute) {
+        } else if (component != ".." || !isAbsolute) {
             kept.push_back(component);
         }
     }

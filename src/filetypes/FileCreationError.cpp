@@ -4,6 +4,8 @@
 
 #include <fmt/core.h>
 
+#include <utility>
+
 namespace blankwell {
 
 std::string FileCreationError::description() const {
@@ -16,6 +18,14 @@ std::string FileCreationError::description() const {
             [](const InvalidFileName&) -> std::string { return "Please enter a valid file name."; },
         },
         reason);
+}
+
+AlertContent creationFailedAlert(std::string reason) {
+    return {
+        .style = AlertContent::Style::warning,
+        .messageText = "Could not create file",
+        .informativeText = std::move(reason),
+    };
 }
 
 } // namespace blankwell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Alert.h"
 #include "platform/SystemError.h"
 
 #include <string>
@@ -37,5 +38,8 @@ struct FileCreationError {
 
     friend bool operator==(const FileCreationError&, const FileCreationError&) = default;
 };
+
+/// What tells the user that a file was not created; `reason` is a text for the user.
+[[nodiscard]] AlertContent creationFailedAlert(std::string reason);
 
 } // namespace blankwell

@@ -208,11 +208,7 @@ CreationDestinationMode DesktopCreationController::mode(DestinationChoice choice
 void DesktopCreationController::reportFailure(const std::string& text) {
     logger_.error("Create failed: {}", text);
     services_.application.activate();
-    services_.alert.runModal({
-        .style = AlertContent::Style::warning,
-        .messageText = "Could not create file",
-        .informativeText = text,
-    });
+    services_.alert.runModal(creationFailedAlert(text));
 }
 
 } // namespace blankwell

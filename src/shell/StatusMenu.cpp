@@ -8,7 +8,7 @@ namespace {
 
 using Item = MenuCommand<StatusMenuAction>;
 
-Item command(std::string title, std::string symbol, StatusMenuAction action) {
+Item command(const std::string& title, std::string symbol, StatusMenuAction action) {
     return {
         .title = title,
         .symbol = {.name = std::move(symbol), .accessibilityDescription = title},

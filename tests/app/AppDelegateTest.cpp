@@ -35,21 +35,7 @@ struct AppDelegateTest : testing::Test, FakePresenceController {
     AppDelegateTest() { settings.appPresence.set(AppPresence::menuBarOnly); }
 
     NotedHotKeys notedHotKeys{events};
-    DesktopCreationController creation{{
-        .settings = settings,
-        .destination = destination,
-        .folderAccess = access,
-        .panels = panels,
-        .screens = screens,
-        .windows = windows,
-        .application = application,
-        .workspace = workspace,
-        .alert = alert,
-        .order = order,
-        .hotKeys = notedHotKeys,
-        .mainQueue = mainQueue,
-        .log = log,
-    }};
+    DesktopCreationController creation{servicesWith(notedHotKeys)};
     AppDelegate delegate{{
         .presence = presence,
         .selfUpdater = updater(),

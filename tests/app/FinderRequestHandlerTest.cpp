@@ -1,7 +1,6 @@
 #include "app/FinderRequestHandler.h"
 
-#include "support/FakeFolderAccess.h"
-#include "support/FakeMainQueue.h"
+#include "support/FakeRequestHandler.h"
 
 #include <gmock/gmock.h>
 
@@ -13,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-struct FinderRequestHandlerTest : testing::Test, FakeFolderAccess {
+struct FinderRequestHandlerTest : testing::Test, FakeRequestHandler {
     FinderRequestHandlerTest() {
         files.addFolder("/tmp/x");
         EXPECT_TRUE(store.saveBookmark(FileUrl("/tmp"), FileUrl("/tmp")));
@@ -24,18 +23,6 @@ struct FinderRequestHandlerTest : testing::Test, FakeFolderAccess {
         handler.openUrl(url);
         mainQueue.run();
     }
-
-    FakeWorkspace workspace{events};
-    FakeAlert alert{events};
-    FakeMainQueue mainQueue;
-    FinderRequestHandler handler{{
-        .folderAccess = access,
-        .workspace = workspace,
-        .alert = alert,
-        .application = application,
-        .mainQueue = mainQueue,
-        .log = log,
-    }};
 };
 
 TEST_F(FinderRequestHandlerTest, CreatesRevealsAndClosesTheWindowThatTheDeliveryBrought) {

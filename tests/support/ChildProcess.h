@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 
+#include <grp.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,9 +37,18 @@ inline void inChildProcess(const std::function<void()>& body) {
 inline void becomeUnprivileged() {
     constexpr uid_t nobody = 65534;
     if (::getuid() == 0) {
+        ASSERT_EQ(::setgroups(0, nullptr), 0);
         ASSERT_EQ(::setresgid(nobody, nobody, nobody), 0);
         ASSERT_EQ(::setresuid(nobody, nobody, nobody), 0);
     }
+}
+
+/// As `inChildProcess`, as the user of `becomeUnprivileged`.
+inline void withoutPrivilege(const std::function<void()>& body) {
+    inChildProcess([&] {
+        becomeUnprivileged();
+        body();
+    });
 }
 
 } // namespace blankwell

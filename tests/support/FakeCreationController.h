@@ -41,6 +41,25 @@ struct FakeCreationController : FakeFolderAccess {
         files.addFolder("/Users/u/Desktop");
     }
 
+    /// What a controller that takes its keys from `keys` uses.
+    DesktopCreationController::Services servicesWith(HotKeyService& keys) {
+        return {
+            .settings = settings,
+            .destination = destination,
+            .folderAccess = access,
+            .panels = panels,
+            .screens = screens,
+            .windows = windows,
+            .application = application,
+            .workspace = workspace,
+            .alert = alert,
+            .order = order,
+            .hotKeys = keys,
+            .mainQueue = mainQueue,
+            .log = log,
+        };
+    }
+
     FakeFrontFolder frontFolder;
     FakeMainQueue mainQueue;
     FakeHotKeyService hotKeys;
@@ -51,21 +70,7 @@ struct FakeCreationController : FakeFolderAccess {
     FakeAlert alert{events};
     AppSettings settings{domains.group, log};
     CreationDestination destination{account, folders, frontFolder};
-    DesktopCreationController controller{{
-        .settings = settings,
-        .destination = destination,
-        .folderAccess = access,
-        .panels = panels,
-        .screens = screens,
-        .windows = windows,
-        .application = application,
-        .workspace = workspace,
-        .alert = alert,
-        .order = order,
-        .hotKeys = hotKeys,
-        .mainQueue = mainQueue,
-        .log = log,
-    }};
+    DesktopCreationController controller{servicesWith(hotKeys)};
 };
 
 } // namespace blankwell

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 #include <concepts>
+#include <ranges>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -21,7 +22,7 @@ constexpr std::size_t lengthPosition = magic.size() + sizeof version;
 constexpr std::size_t headerSize = lengthPosition + sizeof(std::uint32_t);
 constexpr std::size_t checksumSize = sizeof(std::uint32_t);
 /// More than any folder can need: `PATH_MAX / 2` ancestors with the longest handles.
-constexpr std::size_t maximumSize = 512 * 1024;
+constexpr std::size_t maximumSize = std::size_t{512} * 1024;
 constexpr std::uint32_t nanosecondsPerSecond = 1'000'000'000;
 
 std::uint32_t checksumOf(std::span<const std::byte> bytes) {
@@ -86,9 +87,8 @@ public:
     template <std::integral Integer>
     Integer integer() {
         std::uint64_t value = 0;
-        const auto bytes = raw(sizeof(Integer));
-        for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-            value = value << 8 | static_cast<std::uint8_t>(*byte);
+        for (const char byte : std::views::reverse(raw(sizeof(Integer)))) {
+            value = value << 8 | static_cast<std::uint8_t>(byte);
         }
         return static_cast<Integer>(value);
     }

@@ -1,48 +1,30 @@
 #include "platform/linux/BundleDirectory.h"
 
+#include "platform/linux/FileSnapshot.h"
 #include "platform/linux/SystemErrors.h"
 
 #include <fmt/core.h>
-#include <plist/plist.h>
 
-#include <cstdint>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
 #include <system_error>
-#include <type_traits>
 #include <utility>
 
 namespace blankwell {
 namespace {
 
-struct FreePropertyList {
-    void operator()(plist_t node) const { plist_free(node); }
-};
-
-struct FreeMemory {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-using PropertyList = std::unique_ptr<std::remove_pointer_t<plist_t>, FreePropertyList>;
-template <typename Value>
-using Allocated = std::unique_ptr<Value, FreeMemory>;
-
-/// A null value where the file cannot be read or is no property list.
+/// An empty list where the file cannot be read or is no property list.
 PropertyList readPropertyList(const FileUrl& url) {
-    std::ifstream file(url.path(), std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    const auto bytes = std::move(contents).str();
-    plist_t root = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
-    return PropertyList(root);
+    const auto file = FileSnapshot::open(url.path());
+    if (!file) {
+        return {};
+    }
+    const auto document = file->contents(PropertyList::largestSize + 1);
+    return document ? PropertyList::parse(*document).value_or(PropertyList()) : PropertyList();
 }
 
 bool isPlainName(std::string_view name) {
-    return !name.empty() && name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+    return !name.empty() &&
+           name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
 } // namespace
@@ -73,33 +55,11 @@ std::optional<FileUrl> BundleDirectory::resource(std::string_view name,
 
 std::optional<std::string> BundleDirectory::infoString(std::string_view key) const {
     if (!info_) {
-        info_ = readStrings(contents_.appending("Info.plist"));
+        info_ = readPropertyList(contents_.appending("Info.plist"));
     }
-    const auto found = info_->find(key);
-    return found == info_->end() ? std::nullopt : std::optional(found->second);
-}
-
-BundleDirectory::Strings BundleDirectory::readStrings(const FileUrl& propertyList) {
-    const auto root = readPropertyList(propertyList);
-    if (plist_get_node_type(root.get()) != PLIST_DICT) {
-        return {};
-    }
-    plist_dict_iter position = nullptr;
-    plist_dict_new_iter(root.get(), &position);
-    const Allocated<void> positionOwner(position);
-    Strings strings;
-    while (true) {
-        char* key = nullptr;
-        plist_t value = nullptr;
-        plist_dict_next_item(root.get(), position, &key, &value);
-        const Allocated<char> keyOwner(key);
-        if (key == nullptr || value == nullptr) {
-            return strings;
-        }
-        if (plist_get_node_type(value) == PLIST_STRING) {
-            strings.insert_or_assign(key, plist_get_string_ptr(value, nullptr));
-        }
-    }
+    const auto* const value = info_->find(key);
+    const auto* const text = value == nullptr ? nullptr : std::get_if<std::string>(value);
+    return text == nullptr ? std::nullopt : std::optional(*text);
 }
 
 } // namespace blankwell

@@ -2,10 +2,9 @@
 
 #include "platform/Bundle.h"
 #include "platform/SystemError.h"
+#include "platform/linux/PropertyList.h"
 
 #include <expected>
-#include <functional>
-#include <map>
 
 namespace blankwell {
 
@@ -27,12 +26,8 @@ public:
     [[nodiscard]] std::optional<std::string> infoString(std::string_view key) const override;
 
 private:
-    using Strings = std::map<std::string, std::string, std::less<>>;
-
-    static Strings readStrings(const FileUrl& propertyList);
-
     FileUrl contents_;
-    mutable std::optional<Strings> info_;
+    mutable std::optional<PropertyList> info_;
 };
 
 } // namespace blankwell

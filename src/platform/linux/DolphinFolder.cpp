@@ -75,7 +75,7 @@ std::optional<FileUrl> folderInDolphinWindow(std::string_view caption,
                                              const std::vector<FileUrl>& candidates,
                                              const DolphinQuestions& dolphin) {
     if (caption.starts_with('/')) {
-        const FileUrl named{std::string(caption)};
+        FileUrl named{std::string(caption)};
         if (dolphin.isOpen(named).value_or(false)) {
             return named;
         }

@@ -68,7 +68,7 @@ icu::UnicodeString folded(const icu::Normalizer2& composed, std::string_view tex
 
 std::string collationLocale(const Environment& environment) {
     for (const auto* const name : {"LC_ALL", "LC_COLLATE", "LANG"}) {
-        const auto locale = environment.variable(name).value_or("");
+        auto locale = environment.variable(name).value_or("");
         if (locale == "C" || locale == "POSIX" || locale.starts_with("C.")) {
             return "";
         }
@@ -98,7 +98,7 @@ std::expected<IcuTextOrder, SystemError> IcuTextOrder::forLocale(const std::stri
     ucol_setAttribute(cases->get(), UCOL_STRENGTH, UCOL_TERTIARY, &status);
     ucol_setAttribute(cases->get(), UCOL_CASE_LEVEL, UCOL_ON, &status);
     ucol_setAttribute(cases->get(), UCOL_CASE_FIRST, UCOL_LOWER_FIRST, &status);
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
         return std::unexpected(icuError("The order of texts could not be set up", status));
     }
     return IcuTextOrder(*std::move(letters), *std::move(cases));
@@ -109,13 +109,13 @@ IcuTextOrder::openCollator(const std::string& locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::array<char, ULOC_FULLNAME_CAPACITY> name{};
     uloc_canonicalize(locale.c_str(), name.data(), static_cast<std::int32_t>(name.size()), &status);
-    Collator collator(U_FAILURE(status) ? nullptr : ucol_open(name.data(), &status));
+    Collator collator(U_FAILURE(status) != 0 ? nullptr : ucol_open(name.data(), &status));
     if (collator) {
         ucol_setAttribute(collator.get(), UCOL_NUMERIC_COLLATION, UCOL_ON, &status);
         ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
         ucol_setAttribute(collator.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
     }
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
         return std::unexpected(icuError(
             fmt::format("The order of texts of \"{}\" could not be loaded", locale), status));
     }

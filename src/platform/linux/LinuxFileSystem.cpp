@@ -23,7 +23,7 @@ int pathError(const FileUrl& url) {
 }
 
 std::string attempt(std::string_view verb, const FileUrl& url) {
-    return fmt::format("Could not {} \"{}\" in \"{}\"", verb, url.lastPathComponent(),
+    return fmt::format(R"(Could not {} "{}" in "{}")", verb, url.lastPathComponent(),
                        url.deletingLastPathComponent().lastPathComponent());
 }
 
@@ -186,7 +186,7 @@ std::expected<void, SystemError> LinuxFileSystem::copyNew(const FileUrl& source,
     if (!file) {
         return std::unexpected(std::move(file.error()));
     }
-    std::array<std::byte, 32 * 1024> buffer; // NOLINT(*-member-init): filled before each use
+    std::array<std::byte, std::size_t{32} * 1024> buffer; // filled before each use
     while (true) {
         const auto count =
             uninterrupted([&] { return ::read(from.get(), buffer.data(), buffer.size()); });

@@ -26,7 +26,7 @@ std::expected<std::optional<std::string>, int> linkTarget(const std::string& pat
         return isNoLink ? std::expected<std::optional<std::string>, int>(std::nullopt)
                         : std::unexpected(errno);
     }
-    std::string target(buffer.data(), static_cast<std::size_t>(length));
+    const std::string target(buffer.data(), static_cast<std::size_t>(length));
     return target.starts_with('/') ? target : path.substr(0, path.find_last_of('/') + 1) + target;
 }
 

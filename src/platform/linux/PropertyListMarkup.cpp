@@ -75,7 +75,11 @@ bool isCountable(std::string_view text) {
     int nesting = 0;
     for (auto at = text.find('<'); at != std::string_view::npos; at = text.find('<')) {
         const auto markup = markupAt(text.substr(at));
-        if (!markup || (nesting += markup->nesting) > deepestNesting) {
+        if (!markup) {
+            return false;
+        }
+        nesting += markup->nesting;
+        if (nesting > deepestNesting) {
             return false;
         }
         text.remove_prefix(at + markup->length);

@@ -1,9 +1,7 @@
 #include "app/cli/CommandRunner.h"
 
-#include "app/FinderRequestHandler.h"
 #include "app/Version.h"
-#include "support/FakeFolderAccess.h"
-#include "support/FakeMainQueue.h"
+#include "support/FakeRequestHandler.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -13,7 +11,7 @@ namespace {
 
 using testing::IsEmpty;
 
-struct CommandRunnerTest : testing::Test, FakeFolderAccess {
+struct CommandRunnerTest : testing::Test, FakeRequestHandler {
     CommandRunnerTest() {
         files.addFolder("/Users/u/work");
         files.addFolder("/Users/u/Desktop");
@@ -23,17 +21,6 @@ struct CommandRunnerTest : testing::Test, FakeFolderAccess {
 
     FakeFrontFolder frontFolder;
     CreationDestination destination{account, folders, frontFolder};
-    FakeWorkspace workspace{events};
-    FakeAlert alert{events};
-    FakeMainQueue mainQueue;
-    FinderRequestHandler handler{{
-        .folderAccess = access,
-        .workspace = workspace,
-        .alert = alert,
-        .application = application,
-        .mainQueue = mainQueue,
-        .log = log,
-    }};
     CommandRunner runner{{
         .folderAccess = access,
         .store = store,

@@ -63,8 +63,9 @@ TEST_F(FileManagerWorkspaceTest, WithoutABusOneLineIsLoggedAtOnce) {
     ASSERT_EQ(log.lines.size(), 1U);
     EXPECT_EQ(log.lines[0].level, LogLevel::error);
     EXPECT_EQ(log.lines[0].category, "Workspace");
-    EXPECT_EQ(log.lines[0].message, "file:///a/b%0Ac.txt is not shown in the file manager. "
-                                    "The session bus cannot be reached: No such file or directory.");
+    EXPECT_EQ(log.lines[0].message,
+              "file:///a/b%0Ac.txt is not shown in the file manager. "
+              "The session bus cannot be reached: No such file or directory.");
 }
 
 TEST_F(FileManagerWorkspaceTest, AHungBusIsGivenUpWithinTheBound) {

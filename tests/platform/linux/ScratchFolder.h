@@ -1,16 +1,14 @@
 #pragma once
 
-#include <stdlib.h>
+#include "support/TemporaryFolder.h"
 
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace blankwell {
 
-/// A new folder that every user may enter, deleted with all it holds at the end of its life.
+/// A temporary folder that every user may enter, and what happens to folders in it, by their paths.
 class ScratchFolder {
 public:
     /// Where the disk is, for what must survive a restart.
@@ -18,32 +16,20 @@ public:
     /// A tmpfs.
     static constexpr std::string_view inMemory = "/dev/shm";
 
-    explicit ScratchFolder(std::string_view parent)
-        : path_(std::string(parent) + "/blankwell-XXXXXX") {
-        if (::mkdtemp(path_.data()) == nullptr) {
-            throw std::runtime_error("no scratch folder in " + std::string(parent));
-        }
-        openToAll(path_);
+    explicit ScratchFolder(std::string_view parent) : folder_(std::string(parent)) {
+        openToAll(path());
     }
 
-    ~ScratchFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] const std::string& path() const { return folder_.url().path(); }
 
     [[nodiscard]] std::string at(std::string_view relative) const {
-        return path_ + "/" + std::string(relative);
+        return path() + "/" + std::string(relative);
     }
 
     /// Makes the folders of `relative`, writable for all, and returns the path of the last.
     std::string makeFolder(std::string_view relative) const {
         std::filesystem::create_directories(at(relative));
-        for (auto folder = std::filesystem::path(at(relative)); folder != path_;
+        for (auto folder = std::filesystem::path(at(relative)); folder != path();
              folder = folder.parent_path()) {
             openToAll(folder);
         }
@@ -51,8 +37,7 @@ public:
     }
 
     std::string makeFile(std::string_view relative) const {
-        std::ofstream(at(relative)) << "contents";
-        return at(relative);
+        return folder_.addFile(relative, "contents").path();
     }
 
     void rename(std::string_view from, std::string_view to) const {
@@ -71,7 +56,7 @@ private:
         std::filesystem::permissions(folder, std::filesystem::perms::all);
     }
 
-    std::string path_;
+    TemporaryFolder folder_;
 };
 
 } // namespace blankwell

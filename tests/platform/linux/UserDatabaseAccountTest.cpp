@@ -36,7 +36,7 @@ struct UserDatabaseAccountTest : testing::Test {
         const auto database = folder.addFile("passwd", entries).path();
         inChildProcess([&] {
             enterPrivateMounts(user);
-            mountFile(database, "/etc/passwd");
+            bindMount(database, "/etc/passwd");
             ASSERT_EQ(::setresuid(user, user, user), 0);
             body();
         });
