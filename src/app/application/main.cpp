@@ -9,8 +9,6 @@
 #include <QApplication>
 #include <QSocketNotifier>
 
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <expected>
@@ -25,8 +23,17 @@ namespace {
 constexpr int wrongUsage = 2;
 
 int fail(std::string_view problem, int status = EXIT_FAILURE) {
-    fmt::print(stderr, "blankwell-plus: {}\n", problem);
+    const auto line = "blankwell-plus: " + std::string(problem) + "\n";
+    std::fputs(line.c_str(), stderr);
     return status;
+}
+
+/// Puts `text` out, and says so where it did not get there.
+int say(const std::string& text) {
+    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
+        return fail("Could not write to standard output.");
+    }
+    return EXIT_SUCCESS;
 }
 
 /// What the program has to say without running; nothing where it is to run.
@@ -35,7 +42,7 @@ std::optional<std::string> textInstead(Invocation::Purpose purpose) {
     case Invocation::Purpose::showHelp:
         return std::string(helpText());
     case Invocation::Purpose::showVersion:
-        return fmt::format("blankwell-plus {}\n", version);
+        return "blankwell-plus " + std::string(version) + "\n";
     case Invocation::Purpose::run:
         break;
     }
@@ -104,8 +111,7 @@ int main(int argc, char** argv) {
         return fail(invocation.error(), wrongUsage);
     }
     if (const auto text = textInstead(invocation->purpose)) {
-        fmt::print("{}", *text);
-        return EXIT_SUCCESS;
+        return say(*text);
     }
     const QApplication application(argc, argv);
     return run(*invocation);

@@ -5,9 +5,7 @@
 namespace blankwell {
 
 DisplayProtocol displayProtocol(const Environment& environment) {
-    const auto value = [&](const char* name) {
-        return environment.variable(name).value_or("");
-    };
+    const auto value = [&](const char* name) { return environment.variable(name).value_or(""); };
     if (!value("WAYLAND_DISPLAY").empty() || value("XDG_SESSION_TYPE") == "wayland") {
         return DisplayProtocol::wayland;
     }

@@ -16,7 +16,7 @@ namespace {
 constexpr std::array endingSignals{SIGTERM, SIGINT, SIGHUP};
 
 /// What the handler writes to: a handler can be handed nothing.
-volatile std::sig_atomic_t writableDescriptor = -1;
+volatile std::sig_atomic_t writableDescriptor = -1; // NOLINT(*-non-const-global-variables)
 
 void noteSignal(int /*signal*/) {
     const int error = errno;

@@ -37,7 +37,7 @@ bool QtApplication::isActive() const {
 void QtApplication::activate() {
     auto* window = QApplication::activeModalWidget();
     if (window == nullptr) {
-        window = front_ && front_->isVisible() ? front_.data() : anyVisibleWindow();
+        window = front_ != nullptr && front_->isVisible() ? front_.data() : anyVisibleWindow();
     }
     if (window != nullptr) {
         raiseAndActivate(*window);

@@ -27,7 +27,7 @@ int runInFront(QDialog& dialog) {
     QTimer::singleShot(0, &dialog, [&dialog] { raiseAndActivate(dialog); });
     const QPointer<QWidget> before = QApplication::activeWindow();
     const int result = dialog.exec();
-    if (before && before->isVisible()) {
+    if (before != nullptr && before->isVisible()) {
         // Window managers do not give the keyboard back to a panel by themselves.
         raiseAndActivate(*before);
     }
