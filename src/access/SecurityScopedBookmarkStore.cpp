@@ -105,11 +105,12 @@ std::vector<SecurityScopedBookmarkStore::SavedRoot>
 SecurityScopedBookmarkStore::sortedRoots() const {
     std::vector<SavedRoot> roots;
     for (auto& [key, value] : defaults().entries(keyPrefix)) {
-        const auto path = key.substr(keyPrefix.size());
-        SavedRoot root{.url = FileUrl(path).standardized()};
-        // A path that is not standardized names no bookmark: none was ever saved under it.
+        key.erase(0, keyPrefix.size());
+        const auto length = key.size();
+        SavedRoot root{.url = FileUrl(std::move(key)).standardized()};
+        // A path that standardizing shortens names no bookmark: none was ever saved under it.
         auto* const bookmark = value ? std::get_if<Bytes>(&*value) : nullptr;
-        if (bookmark != nullptr && root.url.path() == path) {
+        if (bookmark != nullptr && root.url.path().size() == length) {
             root.bookmark = std::move(*bookmark);
         }
         roots.push_back(std::move(root));
