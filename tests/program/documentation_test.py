@@ -26,8 +26,8 @@ class Documentation(ProgramTestCase):
                 self.assertIn(word, text, place)
 
     def test_the_man_page_formats_without_a_warning(self):
-        result = subprocess.run(["groff", "-man", "-Tutf8", "-P-cbu", "-ww", MAN_PAGE], capture_output=True,
-                                check=True, text=True)
+        result = subprocess.run(["groff", "-man", "-Tutf8", "-P-cbu", "-ww", MAN_PAGE],
+                                capture_output=True, check=True, text=True)
         self.assertEqual(result.stderr, "")
         self.assertIn("EXIT STATUS", result.stdout)
 

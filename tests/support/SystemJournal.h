@@ -28,7 +28,7 @@ class SystemJournal {
 public:
     SystemJournal() {
         if (std::filesystem::exists("/dev/kmsg")) {
-            mountFile("/dev/null", "/dev/kmsg");
+            bindMount("/dev/null", "/dev/kmsg");
         }
         std::filesystem::create_directories("/run/log/journal");
         std::filesystem::create_directories("/run/systemd/journald.conf.d");

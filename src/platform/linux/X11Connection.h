@@ -9,7 +9,6 @@ namespace blankwell {
 
 /// Frees what xcb allocated: a reply, an event, an error.
 struct X11Free {
-    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory): as xcb says.
     void operator()(void* memory) const { std::free(memory); }
 };
 
