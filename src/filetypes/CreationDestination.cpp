@@ -35,8 +35,7 @@ std::string ResolvedCreationDestination::destinationName() const {
 }
 
 FileUrl CreationDestination::desktopFolderURL() const {
-    const auto home = realHomeFolder(account_);
-    return folders_.desktop(home ? *home : account_.processHome()).standardized();
+    return folders_.desktop(homeFolder(account_)).standardized();
 }
 
 std::optional<FileUrl> CreationDestination::frontFinderFolderURL() const {

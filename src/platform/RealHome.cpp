@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace blankwell {
 
@@ -17,6 +18,11 @@ std::optional<FileUrl> realHomeFolder(const Account& account) {
         std::abort();
     }
     return record->home->standardized();
+}
+
+FileUrl homeFolder(const Account& account) {
+    auto home = realHomeFolder(account);
+    return home ? *std::move(home) : account.processHome();
 }
 
 } // namespace blankwell

@@ -13,4 +13,7 @@ class Account;
 /// user. Ends the process where the entry has no home in it: the database is broken.
 [[nodiscard]] std::optional<FileUrl> realHomeFolder(const Account& account);
 
+/// The real home folder, or the process's own where the user database has no entry for the user.
+[[nodiscard]] FileUrl homeFolder(const Account& account);
+
 } // namespace blankwell

@@ -24,11 +24,12 @@ std::unique_ptr<Log> makeLog() {
 Program::Program(const FileUrl& programFolder, IcuTextOrder order)
     : log_(makeLog()),
       order_(std::move(order)),
-      preferences_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path())),
+      preferences_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"),
+                                        homeFolder(account_).path())),
       domains_(preferences_, bundleIdentifier),
       settings_(sharedDefaults(domains_), *log_),
       settingsWatch_(preferences_, appGroupIdentifier, settings_, *log_),
-      frontFolder_(folders_, home(), [this] { return store_.savedFolderRoots(); }),
+      frontFolder_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
       folderAccess_({
@@ -111,10 +112,6 @@ FileSystem& Program::writableFiles() {
         return scopedFiles_;
     }
     return files_;
-}
-
-FileUrl Program::home() const {
-    return realHomeFolder(account_).value_or(account_.processHome());
 }
 
 void Program::showMainWindow() {

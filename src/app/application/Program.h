@@ -66,7 +66,6 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
-    [[nodiscard]] FileUrl home() const;
     void showMainWindow();
     void keepReachable();
 

@@ -29,7 +29,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
       order_([this] { return makeTextOrder(loader_); }),
       workspace_([this] { return loader_.services().makeWorkspace(log_); }),
       frontFolder_([this] {
-          return loader_.services().makeFrontFolder(folders_, home(),
+          return loader_.services().makeFrontFolder(folders_, homeFolder(account_),
                                                     [this] { return store_.savedFolderRoots(); });
       }),
       domains_([this] { return makeDomains(); }),
@@ -82,12 +82,8 @@ FileSystem& Program::writableFiles() {
 
 std::unique_ptr<PreferenceDomains> Program::makeDomains() const {
     return std::make_unique<XdgPreferenceDomains>(
-        preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), home().path()),
+        preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), homeFolder(account_).path()),
         bundleIdentifier);
-}
-
-FileUrl Program::home() const {
-    return realHomeFolder(account_).value_or(account_.processHome());
 }
 
 } // namespace blankwell::cli

@@ -39,7 +39,6 @@ public:
 private:
     [[nodiscard]] FileSystem& writableFiles();
     [[nodiscard]] std::unique_ptr<PreferenceDomains> makeDomains() const;
-    [[nodiscard]] FileUrl home() const;
 
     // In the order of construction.
     ProcessEnvironment environment_;
