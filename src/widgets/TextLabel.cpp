@@ -69,7 +69,7 @@ TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look
     boldRuns_ = std::move(styled.boldRuns);
     const bool isWrapped = look.overflow == Overflow::wrap;
     QSizePolicy policy(isWrapped || isElided() ? QSizePolicy::Preferred : QSizePolicy::Fixed,
-                       QSizePolicy::Fixed);
+                       isWrapped ? QSizePolicy::Preferred : QSizePolicy::Fixed);
     policy.setHeightForWidth(isWrapped);
     setSizePolicy(policy);
 }

@@ -2,6 +2,8 @@
 
 #include "widgets/WidgetTest.h"
 
+#include <QVBoxLayout>
+
 namespace blankwell {
 namespace {
 
@@ -56,6 +58,20 @@ TEST_F(TextLabelTest, AWrappedTextIsHigherWhereItIsNarrower) {
     const auto whole = label.sizeHint();
     EXPECT_EQ(label.heightForWidth(whole.width()), whole.height());
     EXPECT_GT(label.heightForWidth(whole.width() / 2), whole.height());
+}
+
+TEST_F(TextLabelTest, ALayoutGivesAWrappedTextTheHeightItNeeds) {
+    QWidget window;
+    auto* const label =
+        new TextLabel(theme, "Enable the extension for context menus where allowed.",
+                      {.overflow = Overflow::wrap});
+    auto* const layout = new QVBoxLayout(&window);
+    layout->addWidget(label);
+    layout->addStretch();
+    window.resize(label->sizeHint().width() / 2, 400);
+    show(window);
+    EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+    EXPECT_GT(label->height(), label->sizeHint().height());
 }
 
 TEST_F(TextLabelTest, AnElidedTextKeepsToItsWidthAndAPathBothItsEnds) {
