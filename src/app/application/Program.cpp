@@ -6,6 +6,7 @@
 #include "platform/Sandbox.h"
 #include "platform/linux/JournalLog.h"
 #include "platform/linux/StandardErrorLog.h"
+#include "widgets/Symbols.h"
 
 #include <QTimer>
 
@@ -72,7 +73,7 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
-      statusBar_(mainQueue_, *log_, [this] { keepReachable(); }),
+      statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
       presenceController_({
           .settings = settings_,
           .creation = creation_,

@@ -25,6 +25,7 @@
 #include "platform/linux/UserDatabaseAccount.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 #include "platform/linux/XdgWellKnownFolders.h"
+#include "platform/qt/PortalAppearance.h"
 #include "platform/qt/QtAlert.h"
 #include "platform/qt/QtApplication.h"
 #include "platform/qt/QtApplicationPresence.h"
@@ -37,6 +38,7 @@
 #include "shell/AppPresenceController.h"
 #include "shell/BlankwellSelfUpdater.h"
 #include "views/MainWindow.h"
+#include "widgets/Theme.h"
 
 #include <memory>
 #include <string>
@@ -89,6 +91,8 @@ private:
     DirectFileCoordinator coordinator_;
     BundleDirectory bundle_;
     FileCreator creator_;
+    PortalAppearance appearance_{QDBusConnection::sessionBus()};
+    Theme theme_{appearance_};
     QtMainQueue mainQueue_;
     QtApplication application_;
     QtApplicationPresence presence_;

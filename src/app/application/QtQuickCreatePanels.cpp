@@ -1,8 +1,8 @@
 #include "app/application/QtQuickCreatePanels.h"
 
 #include "platform/qt/QtQuickCreatePanelWindow.h"
-#include "platform/qt/TemplateIcon.h"
 #include "quickcreate/QuickCreatePanelView.h"
+#include "widgets/Symbols.h"
 
 namespace blankwell {
 

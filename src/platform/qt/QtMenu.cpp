@@ -3,7 +3,6 @@
 #include "base/Overloaded.h"
 #include "platform/MainQueue.h"
 #include "platform/qt/QtText.h"
-#include "platform/qt/TemplateIcon.h"
 
 #include <QMenu>
 
@@ -26,31 +25,37 @@ void addHeader(QMenu& menu, const MenuHeader& header) {
     menu.addAction(label(header.title))->setEnabled(false);
 }
 
-void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue) {
-    auto* const action = menu.addAction(symbolIcon(command.symbol.name), label(command.title));
+void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue,
+                const SymbolIcons& symbolIcons) {
+    auto* const action = menu.addAction(symbolIcons(command.symbol.name), label(command.title));
     action->setEnabled(command.isEnabled);
     QObject::connect(action, &QAction::triggered, action,
                      [&mainQueue, run = command.action] { mainQueue.async(run); });
 }
 
-void addSubmenu(QMenu& menu, const CommandSubmenu& submenu, MainQueue& mainQueue) {
-    auto* const child = menu.addMenu(symbolIcon(submenu.symbol.name), label(submenu.title));
-    fillMenu(*child, submenu.items, mainQueue);
+void addSubmenu(QMenu& menu, const CommandSubmenu& submenu, MainQueue& mainQueue,
+                const SymbolIcons& symbolIcons) {
+    auto* const child = menu.addMenu(symbolIcons(submenu.symbol.name), label(submenu.title));
+    fillMenu(*child, submenu.items, mainQueue, symbolIcons);
 }
 
 } // namespace
 
-void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue) {
+void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue,
+              const SymbolIcons& symbolIcons) {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     for (const auto& item : items) {
-        std::visit(Overloaded{
-                       [&](const MenuSeparator&) { menu.addSeparator(); },
-                       [&](const MenuHeader& header) { addHeader(menu, header); },
-                       [&](const Command& command) { addCommand(menu, command, mainQueue); },
-                       [&](const CommandSubmenu& submenu) { addSubmenu(menu, submenu, mainQueue); },
-                   },
-                   item);
+        std::visit(
+            Overloaded{
+                [&](const MenuSeparator&) { menu.addSeparator(); },
+                [&](const MenuHeader& header) { addHeader(menu, header); },
+                [&](const Command& command) { addCommand(menu, command, mainQueue, symbolIcons); },
+                [&](const CommandSubmenu& submenu) {
+                    addSubmenu(menu, submenu, mainQueue, symbolIcons);
+                },
+            },
+            item);
     }
 }
 

@@ -9,9 +9,11 @@
 
 namespace blankwell {
 
-QtStatusBar::QtStatusBar(MainQueue& mainQueue, Log& log, std::function<void()> barIsMissing,
+QtStatusBar::QtStatusBar(MainQueue& mainQueue, Log& log, SymbolIcons symbolIcons,
+                         std::function<void()> barIsMissing,
                          std::chrono::milliseconds patienceForBar)
     : mainQueue_(mainQueue),
+      symbolIcons_(std::move(symbolIcons)),
       logger_(log, "StatusItem"),
       barIsMissing_(std::move(barIsMissing)),
       host_([this] { update(); }) {
@@ -22,7 +24,7 @@ QtStatusBar::QtStatusBar(MainQueue& mainQueue, Log& log, std::function<void()> b
 }
 
 std::unique_ptr<StatusItem> QtStatusBar::makeItem(const StatusItemConfiguration& configuration) {
-    auto item = std::make_unique<QtStatusItem>(*this, mainQueue_, configuration);
+    auto item = std::make_unique<QtStatusItem>(*this, mainQueue_, symbolIcons_, configuration);
     items_.push_back(item.get());
     if (host_.isPresent()) {
         item->appear();

@@ -2,6 +2,7 @@
 
 #include "platform/Log.h"
 #include "platform/StatusBar.h"
+#include "platform/qt/QtMenu.h"
 #include "platform/qt/StatusNotifierHost.h"
 
 #include <QObject>
@@ -27,8 +28,10 @@ public:
     static constexpr std::chrono::milliseconds patience = std::chrono::seconds(5);
 
     /// `barIsMissing` is called each time an item has waited in vain. Commands of menus run from
-    /// `mainQueue`. The ports must outlive this object, and this object its items.
-    QtStatusBar(MainQueue& mainQueue, Log& log, std::function<void()> barIsMissing,
+    /// `mainQueue` and have the icons of `symbolIcons`. The ports must outlive this object, and
+    /// this object its items.
+    QtStatusBar(MainQueue& mainQueue, Log& log, SymbolIcons symbolIcons,
+                std::function<void()> barIsMissing,
                 std::chrono::milliseconds patienceForBar = patience);
 
     [[nodiscard]] std::unique_ptr<StatusItem>
@@ -44,6 +47,7 @@ private:
     void missBar();
 
     MainQueue& mainQueue_;
+    SymbolIcons symbolIcons_;
     Logger logger_;
     std::function<void()> barIsMissing_;
     bool missingIsLogged_ = false;

@@ -1,6 +1,5 @@
 #include "platform/qt/QtStatusItem.h"
 
-#include "platform/qt/QtMenu.h"
 #include "platform/qt/QtStatusBar.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/TemplateIcon.h"
@@ -11,9 +10,12 @@
 
 namespace blankwell {
 
-QtStatusItem::QtStatusItem(QtStatusBar& bar, MainQueue& mainQueue,
+QtStatusItem::QtStatusItem(QtStatusBar& bar, MainQueue& mainQueue, const SymbolIcons& symbolIcons,
                            StatusItemConfiguration configuration)
-    : bar_(bar), mainQueue_(mainQueue), configuration_(std::move(configuration)) {}
+    : bar_(bar),
+      mainQueue_(mainQueue),
+      symbolIcons_(symbolIcons),
+      configuration_(std::move(configuration)) {}
 
 QtStatusItem::~QtStatusItem() {
     bar_.remove(*this);
@@ -22,7 +24,7 @@ QtStatusItem::~QtStatusItem() {
 void QtStatusItem::setMenu(ActionMenu menu) {
     items_ = std::move(menu);
     // The menu that the bar knows stays the same: bars do not hear of another one.
-    fillMenu(menu_, items_, mainQueue_);
+    fillMenu(menu_, items_, mainQueue_, symbolIcons_);
 }
 
 void QtStatusItem::appear() {
@@ -43,7 +45,7 @@ void QtStatusItem::disappear() {
 }
 
 void QtStatusItem::redraw() {
-    fillMenu(menu_, items_, mainQueue_);
+    fillMenu(menu_, items_, mainQueue_, symbolIcons_);
     if (icon_) {
         icon_->setIcon(drawnIcon(configuration_.image));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/StatusBar.h"
+#include "platform/qt/QtMenu.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -15,8 +16,9 @@ class QtStatusBar;
 /// An item of the status bar, which is there while a bar is.
 class QtStatusItem : public StatusItem {
 public:
-    /// Both must outlive this object.
-    QtStatusItem(QtStatusBar& bar, MainQueue& mainQueue, StatusItemConfiguration configuration);
+    /// All must outlive this object.
+    QtStatusItem(QtStatusBar& bar, MainQueue& mainQueue, const SymbolIcons& symbolIcons,
+                 StatusItemConfiguration configuration);
     ~QtStatusItem() override;
 
     void setMenu(ActionMenu menu) override;
@@ -33,6 +35,7 @@ public:
 private:
     QtStatusBar& bar_;
     MainQueue& mainQueue_;
+    const SymbolIcons& symbolIcons_;
     StatusItemConfiguration configuration_;
     ActionMenu items_;
     QMenu menu_;

@@ -2,18 +2,13 @@
 
 #include "platform/Drawing.h"
 #include "platform/qt/DrawingPainter.h"
-#include "platform/qt/QtText.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
 
 #include <algorithm>
-#include <memory>
-#include <utility>
 
 namespace blankwell {
 namespace {
@@ -26,7 +21,7 @@ QColor textColor(QIcon::Mode mode) {
 
 class TemplateIconEngine : public QIconEngine {
 public:
-    explicit TemplateIconEngine(DrawShape drawShape) : drawShape_(std::move(drawShape)) {}
+    explicit TemplateIconEngine(const DrawnImage& image) : image_(image) {}
 
     [[nodiscard]] QIconEngine* clone() const override { return new TemplateIconEngine(*this); }
 
@@ -38,7 +33,7 @@ public:
         square.moveCenter(QRectF(image.rect()).center());
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        drawShape_(painter, square);
+        draw(image_, painter, square);
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(image.rect(), textColor(mode));
         return image;
@@ -57,29 +52,13 @@ public:
     }
 
 private:
-    DrawShape drawShape_;
+    DrawnImage image_;
 };
 
 } // namespace
 
-QIcon templateIcon(DrawShape drawShape) {
-    return QIcon(new TemplateIconEngine(std::move(drawShape)));
-}
-
 QIcon drawnIcon(const DrawnImage& image) {
-    return templateIcon(
-        [image](QPainter& painter, const QRectF& square) { draw(image, painter, square); });
-}
-
-QIcon symbolIcon(std::string_view name) {
-    const auto file = ":/symbols/" + qtText(name) + ".svg";
-    if (!QFile::exists(file)) {
-        return {};
-    }
-    const auto renderer = std::make_shared<QSvgRenderer>(file);
-    return templateIcon([renderer](QPainter& painter, const QRectF& square) {
-        renderer->render(&painter, square);
-    });
+    return QIcon(new TemplateIconEngine(image));
 }
 
 } // namespace blankwell

@@ -1,6 +1,5 @@
 #include "platform/qt/TemplateIcon.h"
 
-#include "filetypes/FileTypeCatalog.h"
 #include "shell/StatusIcon.h"
 
 #include <gtest/gtest.h>
@@ -79,22 +78,6 @@ TEST(TemplateIconTest, EverySizeThatBarsAskForIsDrawn) {
         EXPECT_EQ(image.size(), size);
         EXPECT_EQ(colorAt(image, iconPlace(17, 5)).alpha(), 255) << size.width();
     }
-}
-
-TEST(TemplateIconTest, EveryFileTypeHasASymbol) {
-    for (const auto& type : FileTypeCatalog::builtInTypes()) {
-        EXPECT_FALSE(symbolIcon(type.sfSymbolName).isNull()) << type.sfSymbolName;
-    }
-}
-
-TEST(TemplateIconTest, ASymbolIsDrawnInTheColourOfTexts) {
-    const TextColor color(Qt::green);
-    const auto image = imageOf(symbolIcon("doc.fill"), side);
-    EXPECT_EQ(colorAt(image, {0.5, 0.6}), QColor(Qt::green));
-}
-
-TEST(TemplateIconTest, AnUnknownSymbolIsNoIcon) {
-    EXPECT_TRUE(symbolIcon("no.such.symbol").isNull());
 }
 
 } // namespace

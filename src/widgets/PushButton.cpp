@@ -1,0 +1,81 @@
+#include "widgets/PushButton.h"
+
+#include "widgets/Keys.h"
+#include "widgets/Metrics.h"
+#include "widgets/Painting.h"
+#include "widgets/QtStrings.h"
+#include "widgets/Theme.h"
+#include "widgets/Typography.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace blankwell {
+namespace {
+
+/// The title without what marks a letter as a key to press.
+QString titleOf(const QPushButton& button) {
+    return button.text().replace("&&", "&");
+}
+
+} // namespace
+
+PushButton::PushButton(const Theme& theme, std::string_view title, Kind kind, QWidget* parent)
+    : QPushButton(qString(title).replace('&', "&&"), parent), theme_(theme), kind_(kind) {
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize PushButton::sizeHint() const {
+    const QFontMetrics metrics(fontOf(TextStyle::calloutMedium));
+    return {metrics.horizontalAdvance(titleOf(*this)) + 2 * metrics::buttonPadding,
+            std::max(metrics::buttonHeight, metrics.height() + 2 * metrics::grid)};
+}
+
+QColor PushButton::fill() const {
+    const bool isHovered = isEnabled() && underMouse();
+    if (kind_ == Kind::plain) {
+        const auto ground = theme_.color(ColorRole::controlBackground);
+        const double shade = isDown() ? 0.12 : isHovered ? 0.05 : 0;
+        return blended(theme_.color(ColorRole::label, shade), ground);
+    }
+    // Away from the text, so that it stays readable.
+    const auto accent = theme_.color(ColorRole::accent);
+    auto away = theme_.isDark() ? QColor(Qt::white) : QColor(Qt::black);
+    away.setAlphaF(isDown() ? 0.2F : isHovered ? 0.1F : 0.0F);
+    return blended(away, accent);
+}
+
+void PushButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setOpacity(opacityOf(*this));
+    const bool isAccent = kind_ == Kind::accent;
+    const QRectF bounds(rect());
+    drawShape(painter, bounds,
+              {.radius = metrics::buttonRadius,
+               .fill = fill(),
+               .outline = isAccent ? QColor(Qt::transparent) : theme_.color(ColorRole::separator)});
+    const auto text = theme_.color(isAccent ? ColorRole::textOnAccent : ColorRole::label);
+    if (hasFocus()) {
+        const double inset = isAccent ? 2 : 0;
+        drawFocusOutline(painter, bounds.adjusted(inset, inset, -inset, -inset),
+                         metrics::buttonRadius - inset,
+                         isAccent ? text : theme_.color(ColorRole::accent));
+    }
+    painter.setFont(fontOf(TextStyle::calloutMedium));
+    painter.setPen(text);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, titleOf(*this));
+}
+
+void PushButton::keyPressEvent(QKeyEvent* event) {
+    if (isReturn(*event)) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+} // namespace blankwell

@@ -1,0 +1,160 @@
+#include "widgets/TextLabel.h"
+
+#include "widgets/QtStrings.h"
+#include "widgets/Theme.h"
+
+#include <QAccessibleWidget>
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace blankwell {
+namespace {
+
+/// Widths that no text reaches.
+constexpr double endless = 1'000'000;
+
+class AccessibleText : public QAccessibleWidget {
+public:
+    explicit AccessibleText(TextLabel& label)
+        : QAccessibleWidget(&label, QAccessible::StaticText), label_(label) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
+    }
+
+private:
+    TextLabel& label_;
+};
+
+QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const label = qobject_cast<TextLabel*>(object);
+    return label == nullptr ? nullptr : new AccessibleText(*label);
+}
+
+struct StyledText {
+    QString text;
+    QList<QTextLayout::FormatRange> boldRuns;
+};
+
+StyledText parse(std::string_view marked) {
+    StyledText result;
+    const auto parts = qString(marked).split("**");
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        const bool isBold = i % 2 == 1 && i + 1 < parts.size();
+        if (isBold) {
+            QTextCharFormat bold;
+            bold.setFontWeight(QFont::Bold);
+            result.boldRuns.push_back({.start = static_cast<int>(result.text.size()),
+                                       .length = static_cast<int>(parts[i].size()),
+                                       .format = bold});
+        } else if (i % 2 == 1) {
+            result.text += "**"; // which nothing closes
+        }
+        result.text += parts[i];
+    }
+    return result;
+}
+
+} // namespace
+
+TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look, QWidget* parent)
+    : QWidget(parent), theme_(theme), look_(look) {
+    QAccessible::installFactory(makeAccessible);
+    auto styled = parse(text);
+    text_ = std::move(styled.text);
+    boldRuns_ = std::move(styled.boldRuns);
+    const bool isWrapped = look.overflow == Overflow::wrap;
+    QSizePolicy policy(isWrapped || isElided() ? QSizePolicy::Preferred : QSizePolicy::Fixed,
+                       isWrapped ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    policy.setHeightForWidth(isWrapped);
+    setSizePolicy(policy);
+}
+
+void TextLabel::setText(std::string_view text) {
+    auto styled = parse(text);
+    if (styled.text == text_ && styled.boldRuns == boldRuns_) {
+        return;
+    }
+    text_ = std::move(styled.text);
+    boldRuns_ = std::move(styled.boldRuns);
+    updateGeometry();
+    update();
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void TextLabel::setColor(ColorRole color) {
+    look_.color = color;
+    update();
+}
+
+QSize TextLabel::sizeHint() const {
+    QTextLayout layout(text_, fontOf(look_.style));
+    const auto size = layOut(layout, endless);
+    return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
+}
+
+QSize TextLabel::minimumSizeHint() const {
+    const auto size = sizeHint();
+    if (look_.overflow == Overflow::none) {
+        return size;
+    }
+    const auto shortest = QFontMetrics(fontOf(look_.style)).averageCharWidth() * 6;
+    return {std::min(size.width(), shortest), size.height()};
+}
+
+bool TextLabel::hasHeightForWidth() const {
+    return look_.overflow == Overflow::wrap;
+}
+
+int TextLabel::heightForWidth(int width) const {
+    QTextLayout layout(text_, fontOf(look_.style));
+    return static_cast<int>(std::ceil(layOut(layout, width).height()));
+}
+
+bool TextLabel::isElided() const {
+    return look_.overflow == Overflow::elideEnd || look_.overflow == Overflow::elideMiddle;
+}
+
+QString TextLabel::shownText() const {
+    if (!isElided()) {
+        return text_;
+    }
+    const auto mode = look_.overflow == Overflow::elideEnd ? Qt::ElideRight : Qt::ElideMiddle;
+    return QFontMetrics(fontOf(look_.style)).elidedText(text_, mode, width());
+}
+
+/// Breaks the text of `layout` into lines of at most `width` and returns the size of all.
+QSizeF TextLabel::layOut(QTextLayout& layout, double width) const {
+    QTextOption option(QStyle::visualAlignment(layoutDirection(), look_.alignment));
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(look_.overflow == Overflow::wrap ? QTextOption::WordWrap
+                                                        : QTextOption::ManualWrap);
+    layout.setTextOption(option);
+    if (layout.text() == text_) {
+        layout.setFormats(boldRuns_);
+    }
+    QSizeF size;
+    layout.beginLayout();
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0, size.height()});
+        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + line.height()};
+    }
+    layout.endLayout();
+    return size;
+}
+
+void TextLabel::paintEvent(QPaintEvent* /*event*/) {
+    QTextLayout layout(shownText(), fontOf(look_.style));
+    const auto size = layOut(layout, width());
+    QPainter painter(this);
+    painter.setPen(theme_.color(look_.color));
+    layout.draw(&painter, {0, (height() - size.height()) / 2});
+}
+
+} // namespace blankwell
