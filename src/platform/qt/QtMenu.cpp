@@ -5,6 +5,7 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/TemplateIcon.h"
 
+#include <QKeySequence>
 #include <QMenu>
 
 #include <functional>
@@ -26,9 +27,17 @@ void addHeader(QMenu& menu, const MenuHeader& header) {
     menu.addAction(label(header.title))->setEnabled(false);
 }
 
+QKeySequence keySequence(const KeyEquivalent& equivalent) {
+    const QString modifiers = equivalent.shift ? "Ctrl+Shift+" : "Ctrl+";
+    return QKeySequence::fromString(modifiers + QChar::fromLatin1(equivalent.key).toUpper());
+}
+
 void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue) {
     auto* const action = menu.addAction(symbolIcon(command.symbol.name), label(command.title));
     action->setEnabled(command.isEnabled);
+    if (command.keyEquivalent) {
+        action->setShortcut(keySequence(*command.keyEquivalent));
+    }
     QObject::connect(action, &QAction::triggered, action,
                      [&mainQueue, run = command.action] { mainQueue.async(run); });
 }
