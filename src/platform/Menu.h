@@ -3,6 +3,7 @@
 #include "base/Overloaded.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -31,6 +32,16 @@ struct MenuHeader {
     friend bool operator==(const MenuHeader&, const MenuHeader&) = default;
 };
 
+/// The keys that choose a menu item while the application is in front. Command is the modifier that
+/// menus use on this desktop, and is always held.
+struct KeyEquivalent {
+    /// The character on the key, in its small form.
+    char key = 0;
+    bool shift = false;
+
+    friend bool operator==(const KeyEquivalent&, const KeyEquivalent&) = default;
+};
+
 /// An item that does something.
 template <typename Action>
 struct MenuCommand {
@@ -38,6 +49,7 @@ struct MenuCommand {
     MenuSymbol symbol;
     bool isEnabled = true;
     Action action;
+    std::optional<KeyEquivalent> keyEquivalent = std::nullopt;
 
     friend bool operator==(const MenuCommand&, const MenuCommand&) = default;
 };
@@ -78,7 +90,8 @@ template <typename Action, typename MakeAction>
         [](MenuHeader&& header) -> MenuItem<Deed> { return std::move(header); },
         [&](MenuCommand<Action>&& command) -> MenuItem<Deed> {
             return MenuCommand<Deed>{std::move(command.title), std::move(command.symbol),
-                                     command.isEnabled, makeAction(std::move(command.action))};
+                                     command.isEnabled, makeAction(std::move(command.action)),
+                                     command.keyEquivalent};
         },
         [&](Submenu<Action>&& submenu) -> MenuItem<Deed> {
             return Submenu<Deed>{std::move(submenu.title), std::move(submenu.symbol),

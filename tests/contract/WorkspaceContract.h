@@ -31,6 +31,13 @@ TYPED_TEST_P(WorkspaceContract, EveryNameIsShownAsItIs) {
     }
 }
 
-REGISTER_TYPED_TEST_SUITE_P(WorkspaceContract, EachItemIsShownInTurn, EveryNameIsShownAsItIs);
+TYPED_TEST_P(WorkspaceContract, AUrlThatNoProgramTakesIsNotOpened) {
+    EXPECT_FALSE(this->world.workspace().open("x-blankwell-unknown:nothing"));
+    EXPECT_FALSE(this->world.workspace().open("no url"));
+    EXPECT_FALSE(this->world.workspace().open(""));
+}
+
+REGISTER_TYPED_TEST_SUITE_P(WorkspaceContract, EachItemIsShownInTurn, EveryNameIsShownAsItIs,
+                            AUrlThatNoProgramTakesIsNotOpened);
 
 } // namespace blankwell

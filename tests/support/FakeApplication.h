@@ -4,6 +4,10 @@
 #include "platform/Workspace.h"
 #include "support/EventLog.h"
 
+#include <functional>
+#include <set>
+#include <string>
+
 namespace blankwell {
 
 /// An application that records what it is told.
@@ -34,6 +38,14 @@ public:
     explicit FakeWorkspace(EventLog& events) : events_(events) {}
 
     void reveal(const FileUrl& url) override { events_.push_back("reveal " + url.path()); }
+
+    bool open(std::string_view url) override {
+        events_.push_back("open " + std::string(url));
+        return handledSchemes.contains(url.substr(0, url.find(':')));
+    }
+
+    /// The schemes that a program is there for.
+    std::set<std::string, std::less<>> handledSchemes;
 
 private:
     EventLog& events_;

@@ -70,6 +70,8 @@ public:
 
     void reveal(const FileUrl& url) override { workspace_.get().reveal(url); }
 
+    bool open(std::string_view url) override { return workspace_.get().open(url); }
+
 private:
     Lazy<Workspace> workspace_;
 };

@@ -7,7 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <memory>
+#include <system_error>
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -31,6 +34,10 @@ constexpr std::array selectingPrograms = {
 
 struct Unref {
     void operator()(void* object) const { g_object_unref(object); }
+};
+
+struct FreeText {
+    void operator()(char* text) const { g_free(text); }
 };
 
 struct FreeStrings {
@@ -61,16 +68,22 @@ Command splitAtSpaces(const std::string& exec) {
     return {words, words + count};
 }
 
+/// What a program is to open. A URL that names no file stands for its path as well.
+struct Argument {
+    std::string path;
+    std::string uri;
+};
+
 /// What a field code of the Desktop Entry Specification stands for here; those that name no file
 /// stand for nothing.
-std::string fieldValue(char code, const FileUrl& folder) {
+std::string fieldValue(char code, const Argument& argument) {
     switch (code) {
     case 'f':
     case 'F':
-        return folder.path();
+        return argument.path;
     case 'u':
     case 'U':
-        return fileUri(folder);
+        return argument.uri;
     case '%':
         return "%";
     default:
@@ -78,11 +91,11 @@ std::string fieldValue(char code, const FileUrl& folder) {
     }
 }
 
-std::string expanded(std::string_view word, const FileUrl& folder) {
+std::string expanded(std::string_view word, const Argument& argument) {
     std::string result;
     for (std::size_t i = 0; i < word.size(); ++i) {
         if (word[i] == '%' && i + 1 < word.size()) {
-            result += fieldValue(word[++i], folder);
+            result += fieldValue(word[++i], argument);
         } else {
             result += word[i];
         }
@@ -94,25 +107,23 @@ bool takesFile(std::string_view word) {
     return word.contains("%f") || word.contains("%F") || word.contains("%u") || word.contains("%U");
 }
 
-Command openingCommand(const DirectoryHandler& handler, const FileUrl& folder) {
-    const auto words = splitAtSpaces(handler.exec);
+Command openingCommand(const std::string& exec, const Argument& argument) {
+    const auto words = splitAtSpaces(exec);
     Command command;
     for (const auto& word : words) {
-        if (auto value = expanded(word, folder); !value.empty()) {
+        if (auto value = expanded(word, argument); !value.empty()) {
             command.push_back(std::move(value));
         }
     }
     if (!command.empty() && std::ranges::none_of(words, takesFile)) {
-        command.push_back(folder.path());
+        command.push_back(argument.path);
     }
     return command;
 }
 
-} // namespace
-
-std::optional<DirectoryHandler> defaultDirectoryHandler() {
-    const std::unique_ptr<GAppInfo, Unref> info(
-        g_app_info_get_default_for_type("inode/directory", FALSE));
+/// Takes `owned` over.
+std::optional<DirectoryHandler> handlerOf(GAppInfo* owned) {
+    const std::unique_ptr<GAppInfo, Unref> info(owned);
     if (!info || !G_IS_DESKTOP_APP_INFO(info.get())) {
         return std::nullopt;
     }
@@ -125,16 +136,56 @@ std::optional<DirectoryHandler> defaultDirectoryHandler() {
     return DirectoryHandler{.desktopId = id, .exec = exec};
 }
 
+std::optional<DirectoryHandler> handlerOfFile(const FileUrl& file) {
+    std::error_code error;
+    const auto status = std::filesystem::status(file.path(), error);
+    if (error || !std::filesystem::exists(status)) {
+        return std::nullopt;
+    }
+    if (std::filesystem::is_directory(status)) {
+        return defaultDirectoryHandler();
+    }
+    const std::unique_ptr<char, FreeText> type(
+        g_content_type_guess(file.path().c_str(), nullptr, 0, nullptr));
+    return handlerOf(g_app_info_get_default_for_type(type.get(), FALSE));
+}
+
+std::optional<Command> nonEmpty(Command command) {
+    return command.empty() ? std::nullopt : std::optional(std::move(command));
+}
+
+} // namespace
+
+std::optional<DirectoryHandler> defaultDirectoryHandler() {
+    return handlerOf(g_app_info_get_default_for_type("inode/directory", FALSE));
+}
+
 std::vector<Command> revealCommands(const DirectoryHandler& handler, const FileUrl& item) {
     std::vector<Command> commands;
     if (auto selecting = selectingCommand(handler, item)) {
         commands.push_back(*std::move(selecting));
     }
-    if (auto opening = openingCommand(handler, item.deletingLastPathComponent());
+    const auto folder = item.deletingLastPathComponent();
+    if (auto opening = openingCommand(handler.exec, {folder.path(), fileUri(folder)});
         !opening.empty()) {
         commands.push_back(std::move(opening));
     }
     return commands;
+}
+
+std::optional<Command> openCommand(std::string_view url) {
+    const std::string text(url);
+    if (url.contains('\0') || g_uri_is_valid(text.c_str(), G_URI_FLAGS_NONE, nullptr) == 0) {
+        return std::nullopt;
+    }
+    if (const auto file = fileOfUri(url)) {
+        const auto handler = handlerOfFile(*file);
+        return handler ? nonEmpty(openingCommand(handler->exec, {file->path(), fileUri(*file)}))
+                       : std::nullopt;
+    }
+    const std::unique_ptr<char, FreeText> scheme(g_uri_parse_scheme(text.c_str()));
+    const auto handler = handlerOf(g_app_info_get_default_for_uri_scheme(scheme.get()));
+    return handler ? nonEmpty(openingCommand(handler->exec, {text, text})) : std::nullopt;
 }
 
 } // namespace blankwell

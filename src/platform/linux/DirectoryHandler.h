@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace blankwell {
@@ -29,5 +30,10 @@ using Command = std::vector<std::string>;
 /// the program has one, then the `Exec` line with the folder of `item` in place of its field codes.
 [[nodiscard]] std::vector<Command> revealCommands(const DirectoryHandler& handler,
                                                   const FileUrl& item);
+
+/// The command that opens `url` with the user's default program: the one for its scheme, or for the
+/// type of a `file` URL's item. Nothing where `url` is no URL, the item is not there, or no program
+/// takes it that can do without a terminal.
+[[nodiscard]] std::optional<Command> openCommand(std::string_view url);
 
 } // namespace blankwell

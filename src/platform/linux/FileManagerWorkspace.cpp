@@ -70,6 +70,11 @@ void FileManagerWorkspace::reveal(const FileUrl& url) {
     }
 }
 
+bool FileManagerWorkspace::open(std::string_view url) {
+    const auto command = openCommand(url);
+    return command && start(*command);
+}
+
 std::expected<void, SystemError> FileManagerWorkspace::show(const FileUrl& url,
                                                             const Deadline& deadline) {
     if (auto connected = connect(deadline); !connected) {

@@ -7,6 +7,7 @@
 
 #include <expected>
 #include <optional>
+#include <string_view>
 
 namespace blankwell {
 
@@ -27,6 +28,10 @@ public:
     explicit FileManagerWorkspace(Log& log);
 
     void reveal(const FileUrl& url) override;
+
+    /// Starts the program by its desktop entry's command. Programs outside of a sandbox are not
+    /// seen from within it.
+    [[nodiscard]] bool open(std::string_view url) override;
 
 private:
     std::expected<void, SystemError> show(const FileUrl& url, const Deadline& deadline);

@@ -4,6 +4,7 @@
 #include "platform/MainQueue.h"
 #include "platform/qt/QtText.h"
 
+#include <QKeySequence>
 #include <QMenu>
 
 #include <functional>
@@ -25,10 +26,18 @@ void addHeader(QMenu& menu, const MenuHeader& header) {
     menu.addAction(label(header.title))->setEnabled(false);
 }
 
+QKeySequence keySequence(const KeyEquivalent& equivalent) {
+    const QString modifiers = equivalent.shift ? "Ctrl+Shift+" : "Ctrl+";
+    return QKeySequence::fromString(modifiers + QChar::fromLatin1(equivalent.key).toUpper());
+}
+
 void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue,
                 const SymbolIcons& symbolIcons) {
     auto* const action = menu.addAction(symbolIcons(command.symbol.name), label(command.title));
     action->setEnabled(command.isEnabled);
+    if (command.keyEquivalent) {
+        action->setShortcut(keySequence(*command.keyEquivalent));
+    }
     QObject::connect(action, &QAction::triggered, action,
                      [&mainQueue, run = command.action] { mainQueue.async(run); });
 }
