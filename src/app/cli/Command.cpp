@@ -51,6 +51,13 @@ ParsedCommand parseOpen(Arguments& arguments) {
     return OpenCommand{.url = arguments.operands[0]};
 }
 
+ParsedCommand parseQuickCreate(Arguments& arguments) {
+    if (!arguments.operands.empty()) {
+        return arguments.wrongCount("quick-create");
+    }
+    return QuickCreateCommand{};
+}
+
 ListFormat takeFormat(Arguments& arguments) {
     return arguments.take("--json") ? ListFormat::json : ListFormat::text;
 }
@@ -95,6 +102,7 @@ struct CommandParser {
 constexpr std::array parsers{
     CommandParser{"create", parseCreate},
     CommandParser{"open", parseOpen},
+    CommandParser{"quick-create", parseQuickCreate},
     CommandParser{"types", parseTypes},
     CommandParser{"folders", parseFolders},
 };
@@ -161,7 +169,9 @@ std::string_view helpText() {
            "  create TYPE --front       the same in the folder of the frontmost file manager\n"
            "                            window, or on the Desktop where there is none\n"
            "  open URL                  do what a request URL asks for, such as\n"
-           "                            blankwellplus://create?type=md&directory=/home/me\n"
+           "                            blankwellplus://create?type=md&directory=/home/me;\n"
+           "                            the application does it where it runs or can be started\n"
+           "  quick-create              open the Quick Create panel of the application\n"
            "  types [--json]            list the types: id, extension, name, category\n"
            "  folders [--json]          list the folders that Blankwell+ may create files in\n"
            "                            when it is sandboxed\n"

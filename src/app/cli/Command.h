@@ -28,6 +28,11 @@ struct OpenCommand {
     friend bool operator==(const OpenCommand&, const OpenCommand&) = default;
 };
 
+/// `quick-create`.
+struct QuickCreateCommand {
+    friend bool operator==(const QuickCreateCommand&, const QuickCreateCommand&) = default;
+};
+
 /// `types`.
 struct TypesCommand {
     ListFormat format = ListFormat::text;
@@ -64,8 +69,9 @@ struct VersionCommand {
     friend bool operator==(const VersionCommand&, const VersionCommand&) = default;
 };
 
-using Command = std::variant<CreateCommand, OpenCommand, TypesCommand, FoldersCommand,
-                             AddFolderCommand, ForgetFolderCommand, HelpCommand, VersionCommand>;
+using Command =
+    std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand, FoldersCommand,
+                 AddFolderCommand, ForgetFolderCommand, HelpCommand, VersionCommand>;
 
 /// What the arguments ask for.
 struct Invocation {

@@ -7,6 +7,8 @@
 #include "app/Version.h"
 #include "base/Overloaded.h"
 #include "filetypes/FileTypeCatalog.h"
+#include "platform/ApplicationRequests.h"
+#include "platform/SessionApplication.h"
 
 #include <fmt/core.h>
 #include <nlohmann/json.hpp>
@@ -49,11 +51,27 @@ Outcome CommandRunner::execute(const CreateCommand& command) {
 }
 
 Outcome CommandRunner::execute(const OpenCommand& command) {
-    if (!parseFinderRequest(command.url)) {
+    const auto request = parseFinderRequest(command.url);
+    if (!request) {
         return wrongUsage(fmt::format("not a request URL: {}", command.url));
+    }
+    // What cannot succeed is told here, where the caller sees it.
+    if (FileTypeCatalog::definition(request->typeID) != nullptr) {
+        const auto taken = services_.application.open({command.url});
+        if (taken) {
+            return {};
+        }
+        if (taken.error().request == HandOverFailure::Request::unknown) {
+            return failing(taken.error().description);
+        }
     }
     services_.requestHandler.openUrl(command.url);
     return {};
+}
+
+Outcome CommandRunner::execute(const QuickCreateCommand& /*command*/) {
+    const auto taken = services_.application.activateAction(quickCreateAction);
+    return taken ? Outcome{} : failing(taken.error().description);
 }
 
 Outcome CommandRunner::execute(const TypesCommand& command) {

@@ -10,6 +10,7 @@ class CreationDestination;
 class FinderRequestHandler;
 class FolderAccess;
 class SecurityScopedBookmarkStore;
+class SessionApplication;
 } // namespace blankwell
 
 namespace blankwell::cli {
@@ -36,18 +37,23 @@ public:
         SecurityScopedBookmarkStore& store;
         const CreationDestination& destination;
         FinderRequestHandler& requestHandler;
+        SessionApplication& application;
         /// The folder that relative paths are relative to: absolute.
         FileUrl currentFolder;
     };
 
     explicit CommandRunner(Services services) : services_(std::move(services)) {}
 
-    /// A failure of `open` is told by the handler's alert and is not part of the outcome.
+    /// `create` does its work here, whether or not the application runs: who calls it waits for the
+    /// path and for the exit status, and the application tells neither. `open` is handed to the
+    /// application, and done here only where that certainly does not have it. A failure of `open`
+    /// is told by an alert, the application's or the handler's, and is not part of the outcome.
     [[nodiscard]] Outcome run(const Command& command);
 
 private:
     [[nodiscard]] Outcome execute(const CreateCommand& command);
     [[nodiscard]] Outcome execute(const OpenCommand& command);
+    [[nodiscard]] Outcome execute(const QuickCreateCommand& command);
     [[nodiscard]] Outcome execute(const TypesCommand& command);
     [[nodiscard]] Outcome execute(const FoldersCommand& command);
     [[nodiscard]] Outcome execute(const AddFolderCommand& command);

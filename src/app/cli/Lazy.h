@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FrontFolder.h"
+#include "platform/SessionApplication.h"
 #include "platform/TextOrder.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -62,6 +63,25 @@ public:
 
 private:
     Lazy<PreferenceDomains> domains_;
+};
+
+class LazySessionApplication : public SessionApplication {
+public:
+    explicit LazySessionApplication(Lazy<SessionApplication>::Make make)
+        : application_(std::move(make)) {}
+
+    [[nodiscard]] Taken activate() override { return application_.get().activate(); }
+
+    [[nodiscard]] Taken open(const std::vector<std::string>& urls) override {
+        return application_.get().open(urls);
+    }
+
+    [[nodiscard]] Taken activateAction(std::string_view action) override {
+        return application_.get().activateAction(action);
+    }
+
+private:
+    Lazy<SessionApplication> application_;
 };
 
 class LazyWorkspace : public Workspace {

@@ -32,6 +32,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           return loader_.services().makeFrontFolder(folders_, homeFolder(account_),
                                                     [this] { return store_.savedFolderRoots(); });
       }),
+      sessionApplication_([this] { return loader_.services().makeSessionApplication(); }),
       domains_([this] { return makeDomains(); }),
       store_(domains_, bookmarks_, order_, log_),
       bundle_(programFolder),
@@ -61,6 +62,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           .store = store_,
           .destination = destination_,
           .requestHandler = requestHandler_,
+          .application = sessionApplication_,
           .currentFolder = std::move(currentFolder),
       }) {}
 

@@ -49,6 +49,7 @@ private:
     LazyTextOrder order_;
     LazyWorkspace workspace_;
     LazyFrontFolder frontFolder_;
+    LazySessionApplication sessionApplication_;
     LazyPreferenceDomains domains_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};

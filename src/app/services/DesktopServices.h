@@ -12,6 +12,7 @@ namespace blankwell {
 
 class FrontFolder;
 class Log;
+class SessionApplication;
 class TextOrder;
 class WellKnownFolders;
 class Workspace;
@@ -30,6 +31,9 @@ public:
     makeTextOrder() = 0;
 
     [[nodiscard]] virtual std::unique_ptr<Log> makeJournal() = 0;
+
+    /// The application, as other programs of the session ask it.
+    [[nodiscard]] virtual std::unique_ptr<SessionApplication> makeSessionApplication() = 0;
 
     /// `log` must outlive the result.
     [[nodiscard]] virtual std::unique_ptr<Workspace> makeWorkspace(Log& log) = 0;

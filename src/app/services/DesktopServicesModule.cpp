@@ -1,5 +1,7 @@
 #include "app/services/DesktopServices.h"
 
+#include "platform/Identifiers.h"
+#include "platform/linux/DBusApplication.h"
 #include "platform/linux/FileManagerFrontFolder.h"
 #include "platform/linux/FileManagerWorkspace.h"
 #include "platform/linux/IcuTextOrder.h"
@@ -23,6 +25,10 @@ public:
 
     std::unique_ptr<Log> makeJournal() override {
         return std::make_unique<JournalLog>("blankwell");
+    }
+
+    std::unique_ptr<SessionApplication> makeSessionApplication() override {
+        return std::make_unique<DBusApplication>(bundleIdentifier);
     }
 
     std::unique_ptr<Workspace> makeWorkspace(Log& log) override {

@@ -45,6 +45,11 @@ TEST(CommandTest, OpenTakesOneUrl) {
     EXPECT_EQ(problem({"open", "a", "b"}), "usage: blankwell open URL");
 }
 
+TEST(CommandTest, QuickCreateTakesNothing) {
+    EXPECT_EQ(parsed({"quick-create"}).command, Command(QuickCreateCommand{}));
+    EXPECT_EQ(problem({"quick-create", "md"}), "usage: blankwell quick-create");
+}
+
 TEST(CommandTest, ListsArePrintedAsTextOrJson) {
     EXPECT_EQ(parsed({"types"}).command, Command(TypesCommand{}));
     EXPECT_EQ(parsed({"types", "--json"}).command, Command(TypesCommand{ListFormat::json}));
