@@ -84,6 +84,20 @@ ParsedCommand parseFolders(Arguments& arguments) {
     return arguments.wrongCount("folders [--json | add FOLDER | forget FOLDER]");
 }
 
+ParsedCommand parseAutostart(Arguments& arguments) {
+    const auto& operands = arguments.operands;
+    if (operands.empty()) {
+        return AutostartCommand{};
+    }
+    if (operands.size() == 1 && operands[0] == "on") {
+        return AutostartCommand{AutostartCommand::Change::on};
+    }
+    if (operands.size() == 1 && operands[0] == "off") {
+        return AutostartCommand{AutostartCommand::Change::off};
+    }
+    return arguments.wrongCount("autostart [on | off]");
+}
+
 ParsedCommand parseNothing(Arguments& arguments) {
     if (arguments.take("--help")) {
         return HelpCommand{};
@@ -105,6 +119,7 @@ constexpr std::array parsers{
     CommandParser{"quick-create", parseQuickCreate},
     CommandParser{"types", parseTypes},
     CommandParser{"folders", parseFolders},
+    CommandParser{"autostart", parseAutostart},
 };
 
 Arguments sortedOut(std::span<const std::string_view> arguments) {
@@ -177,6 +192,8 @@ std::string_view helpText() {
            "                            when it is sandboxed\n"
            "  folders add FOLDER        allow FOLDER and all that is in it\n"
            "  folders forget FOLDER     take that back\n"
+           "  autostart                 print whether the application starts at login: on or off\n"
+           "  autostart on | off        let it, or keep it from that\n"
            "\n"
            "Options:\n"
            "  --verbose                 write log lines to standard error\n"

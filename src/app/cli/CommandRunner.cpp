@@ -8,6 +8,7 @@
 #include "base/Overloaded.h"
 #include "filetypes/FileTypeCatalog.h"
 #include "platform/ApplicationRequests.h"
+#include "platform/LoginItem.h"
 #include "platform/SessionApplication.h"
 
 #include <fmt/core.h>
@@ -112,6 +113,16 @@ Outcome CommandRunner::execute(const AddFolderCommand& command) {
 Outcome CommandRunner::execute(const ForgetFolderCommand& command) {
     const auto removed = services_.store.removeBookmark(absolute(command.folder));
     return removed ? Outcome{} : failing(removed.error().description);
+}
+
+Outcome CommandRunner::execute(const AutostartCommand& command) {
+    if (command.change) {
+        const bool toOn = *command.change == AutostartCommand::Change::on;
+        const auto turned = toOn ? services_.loginItem.turnOn() : services_.loginItem.turnOff();
+        return turned ? Outcome{} : failing(turned.error().description);
+    }
+    const auto isOn = services_.loginItem.isOn();
+    return isOn ? printing(*isOn ? "on\n" : "off\n") : failing(isOn.error().description);
 }
 
 Outcome CommandRunner::execute(const HelpCommand& /*command*/) {

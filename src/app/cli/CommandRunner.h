@@ -9,6 +9,7 @@ namespace blankwell {
 class CreationDestination;
 class FinderRequestHandler;
 class FolderAccess;
+class LoginItem;
 class SecurityScopedBookmarkStore;
 class SessionApplication;
 } // namespace blankwell
@@ -38,6 +39,7 @@ public:
         const CreationDestination& destination;
         FinderRequestHandler& requestHandler;
         SessionApplication& application;
+        LoginItem& loginItem;
         /// The folder that relative paths are relative to: absolute.
         FileUrl currentFolder;
     };
@@ -58,6 +60,7 @@ private:
     [[nodiscard]] Outcome execute(const FoldersCommand& command);
     [[nodiscard]] Outcome execute(const AddFolderCommand& command);
     [[nodiscard]] Outcome execute(const ForgetFolderCommand& command);
+    [[nodiscard]] Outcome execute(const AutostartCommand& command);
     [[nodiscard]] Outcome execute(const HelpCommand& command);
     [[nodiscard]] Outcome execute(const VersionCommand& command);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FrontFolder.h"
+#include "platform/LoginItem.h"
 #include "platform/SessionApplication.h"
 #include "platform/TextOrder.h"
 #include "platform/UserDefaults.h"
@@ -63,6 +64,26 @@ public:
 
 private:
     Lazy<PreferenceDomains> domains_;
+};
+
+class LazyLoginItem : public LoginItem {
+public:
+    explicit LazyLoginItem(Lazy<LoginItem>::Make make) : item_(std::move(make)) {}
+
+    [[nodiscard]] std::expected<bool, SystemError> isOn() const override {
+        return item_.get().isOn();
+    }
+
+    [[nodiscard]] std::expected<void, SystemError> turnOn() override {
+        return item_.get().turnOn();
+    }
+
+    [[nodiscard]] std::expected<void, SystemError> turnOff() override {
+        return item_.get().turnOff();
+    }
+
+private:
+    Lazy<LoginItem> item_;
 };
 
 class LazySessionApplication : public SessionApplication {

@@ -1,6 +1,7 @@
 #include "app/cli/CommandRunner.h"
 
 #include "app/Version.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakeRequestHandler.h"
 #include "support/FakeSessionApplication.h"
 
@@ -29,6 +30,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
 
     FakeFrontFolder frontFolder;
     FakeSessionApplication sessionApplication;
+    FakeLoginItem loginItem;
     CreationDestination destination{account, folders, frontFolder};
     CommandRunner runner{{
         .folderAccess = access,
@@ -36,6 +38,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
         .destination = destination,
         .requestHandler = handler,
         .application = sessionApplication,
+        .loginItem = loginItem,
         .currentFolder = FileUrl("/Users/u/work"),
     }};
 };
@@ -144,6 +147,26 @@ TEST_F(CommandRunnerTest, OpenRefusesWhatIsNoRequest) {
     }
     EXPECT_THAT(events, IsEmpty());
     EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, AutostartTellsAndTurns) {
+    using Change = AutostartCommand::Change;
+    EXPECT_EQ(runner.run(AutostartCommand{}), (Outcome{.output = "off\n"}));
+    EXPECT_EQ(runner.run(AutostartCommand{Change::on}), Outcome{});
+    EXPECT_TRUE(loginItem.on);
+    EXPECT_EQ(runner.run(AutostartCommand{}), (Outcome{.output = "on\n"}));
+    EXPECT_EQ(runner.run(AutostartCommand{Change::off}), Outcome{});
+    EXPECT_FALSE(loginItem.on);
+}
+
+TEST_F(CommandRunnerTest, AutostartTellsItsFailures) {
+    using Change = AutostartCommand::Change;
+    loginItem.failWith = SystemError{SystemError::Domain::posix, 13, "Not allowed."};
+    const Outcome failed{.status = Outcome::failed, .errors = "Not allowed.\n"};
+    for (const auto& command :
+         {AutostartCommand{}, AutostartCommand{Change::on}, AutostartCommand{Change::off}}) {
+        EXPECT_EQ(runner.run(command), failed);
+    }
 }
 
 TEST_F(CommandRunnerTest, TypesListsTheCatalogInOrder) {
