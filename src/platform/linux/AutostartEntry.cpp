@@ -1,7 +1,5 @@
 #include "platform/linux/AutostartEntry.h"
 
-#include <glib.h>
-
 #include <array>
 
 namespace blankwell {

@@ -1,13 +1,11 @@
 #pragma once
 
+#include <glib.h>
+
 #include <expected>
 #include <memory>
 #include <string>
 #include <string_view>
-
-extern "C" {
-typedef struct _GKeyFile GKeyFile;
-}
 
 namespace blankwell {
 
