@@ -4,7 +4,7 @@ _blankwell() {
     local current=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]-}
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W 'create open types folders --help --version --verbose' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'create open quick-create types folders autostart --help --version --verbose' -- "$current")
         return
     fi
     case $command in
@@ -16,6 +16,11 @@ _blankwell() {
         else
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
+        fi
+        ;;
+    autostart)
+        if [ "$COMP_CWORD" -eq 2 ]; then
+            mapfile -t COMPREPLY < <(compgen -W 'on off' -- "$current")
         fi
         ;;
     types)

@@ -4,7 +4,7 @@ function __blankwell_types
     blankwell types 2>/dev/null | string replace -r '^(\S+) +\S+ +(.*\S)  +(.*)$' '$1\t$2 ($3)'
 end
 
-set -l commands create open types folders
+set -l commands create open quick-create types folders autostart
 
 complete -c blankwell -f
 complete -c blankwell -s h -l help -d 'Print a summary'
@@ -13,7 +13,9 @@ complete -c blankwell -l verbose -d 'Write log lines to standard error'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a create -d 'Create a file and print its path'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a open -d 'Do what a request URL asks for'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a types -d 'List the types'
+complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a quick-create -d 'Open the Quick Create panel'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a folders -d 'List, allow and forget folders'
+complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a autostart -d 'Start the application at login, or not'
 
 complete -c blankwell -n '__fish_seen_subcommand_from create; and test (count (commandline -opc)) -eq 2' -a '(__blankwell_types)'
 complete -c blankwell -n '__fish_seen_subcommand_from create; and test (count (commandline -opc)) -eq 3' -a '(__fish_complete_directories)'
@@ -22,5 +24,7 @@ complete -c blankwell -n '__fish_seen_subcommand_from create' -l front -d 'In th
 complete -c blankwell -n '__fish_seen_subcommand_from types folders' -l json -d 'As JSON'
 complete -c blankwell -n '__fish_seen_subcommand_from folders; and test (count (commandline -opc)) -eq 2' -a add -d 'Allow a folder'
 complete -c blankwell -n '__fish_seen_subcommand_from folders; and test (count (commandline -opc)) -eq 2' -a forget -d 'Take that back'
+complete -c blankwell -n '__fish_seen_subcommand_from autostart; and test (count (commandline -opc)) -eq 2' -a on -d 'Start it at login'
+complete -c blankwell -n '__fish_seen_subcommand_from autostart; and test (count (commandline -opc)) -eq 2' -a off -d 'Do not'
 complete -c blankwell -n '__fish_seen_subcommand_from add' -a '(__fish_complete_directories)'
 complete -c blankwell -n '__fish_seen_subcommand_from forget' -a '(blankwell folders 2>/dev/null)'

@@ -9,7 +9,6 @@
 namespace blankwell {
 namespace {
 
-constexpr std::string_view quickCreateAction = "quick-create";
 constexpr std::string_view createActionPrefix = "create-";
 
 } // namespace

@@ -6,6 +6,9 @@
 
 namespace blankwell {
 
+/// The action that opens the Quick Create panel.
+inline constexpr std::string_view quickCreateAction = "quick-create";
+
 /// What other programs of the session ask of the running application. Each call takes note and
 /// returns at once.
 class ApplicationRequests {

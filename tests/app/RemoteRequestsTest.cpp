@@ -1,6 +1,5 @@
 #include "app/RemoteRequests.h"
 
-#include "app/FinderRequestHandler.h"
 #include "support/FakeCreationController.h"
 
 #include <gmock/gmock.h>
@@ -30,14 +29,6 @@ struct RemoteRequestsTest : testing::Test, FakeCreationController {
         return paths;
     }
 
-    FinderRequestHandler handler{{
-        .folderAccess = access,
-        .workspace = workspace,
-        .alert = alert,
-        .application = application,
-        .mainQueue = mainQueue,
-        .log = log,
-    }};
     RemoteRequests requests{{
         .creation = controller,
         .requestHandler = handler,

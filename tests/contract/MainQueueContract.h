@@ -5,7 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
 #include <memory>
+#include <numeric>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace blankwell {
@@ -52,8 +57,35 @@ TYPED_TEST_P(MainQueueContract, WorkMayOwnWhatCannotBeCopied) {
     EXPECT_THAT(this->done, testing::ElementsAre(7));
 }
 
+TYPED_TEST_P(MainQueueContract, EveryThreadMayAddWorkWhichTheMainThreadDoesOnceInItsOrder) {
+    constexpr int piecesOfEach = 500;
+    std::array<std::vector<int>, 4> doneOf;
+    std::atomic<int> left = std::ssize(doneOf);
+    const auto mainThread = std::this_thread::get_id();
+    std::vector<std::jthread> threads;
+    for (auto& numbers : doneOf) {
+        threads.emplace_back([&] {
+            for (int number = 0; number < piecesOfEach; ++number) {
+                this->queue.async([&numbers, number, mainThread] {
+                    EXPECT_EQ(std::this_thread::get_id(), mainThread);
+                    numbers.push_back(number);
+                });
+            }
+            --left;
+        });
+    }
+    while (left > 0) {
+        this->queue.run();
+    }
+    this->queue.run();
+    std::vector<int> expected(piecesOfEach);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_THAT(doneOf, testing::Each(expected));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(MainQueueContract, WorkRunsInItsOrderAndOnlyOnce,
                             NothingRunsInsideTheCallThatAddsIt, WorkAddedByWorkRunsAfterWhatIsThere,
-                            WorkMayOwnWhatCannotBeCopied);
+                            WorkMayOwnWhatCannotBeCopied,
+                            EveryThreadMayAddWorkWhichTheMainThreadDoesOnceInItsOrder);
 
 } // namespace blankwell

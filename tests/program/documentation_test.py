@@ -6,7 +6,8 @@ import unittest
 
 from blankwell_program import PROGRAM, SOURCE, ProgramTestCase
 
-COMMANDS = ("create", "open", "types", "folders", "add", "forget")
+COMMANDS = ("create", "open", "quick-create", "types", "folders", "add", "forget", "autostart", "on",
+            "off")
 OPTIONS = ("--desktop", "--front", "--json", "--help", "--version", "--verbose")
 MAN_PAGE = SOURCE / "resources/man/blankwell.1"
 COMPLETIONS = SOURCE / "resources/completions"
@@ -63,6 +64,10 @@ class BashCompletion(ProgramTestCase):
         (self.folder / "file").touch()
         self.assertEqual(self.completions("create", "md", ""), ["notes"])
         self.assertEqual(self.completions("create", "md", "--"), ["--desktop", "--front"])
+
+    def test_offers_the_states_of_the_start_at_login(self):
+        self.assertEqual(self.completions("autostart", "o"), ["on", "off"])
+        self.assertEqual(self.completions("autostart", "on", ""), [])
 
     def test_offers_the_saved_folders_to_forget(self):
         (self.folder / "a b").mkdir()

@@ -170,6 +170,53 @@ class OpenCommand(ProgramTestCase):
                                    f"file from Finder request: {self.folder}/Untitled.md")
 
 
+class QuickCreateCommand(ProgramTestCase):
+    def test_without_a_session_bus_fails_and_says_so(self):
+        result = self.run_program("quick-create")
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        self.assertIn(b"The session bus cannot be reached", result.stderr)
+
+
+class AutostartCommand(ProgramTestCase):
+    def entry(self):
+        return self.config / "autostart/app.blankwell.BlankwellPlus.desktop"
+
+    def setUp(self):
+        super().setUp()
+        self.program = self.folder / "bin" / "blankwell"
+        self.program.parent.mkdir()
+        shutil.copy(PROGRAM, self.program)
+        shutil.copy(os.path.join(os.path.dirname(PROGRAM), "libblankwell-services.so"),
+                    self.program.parent)
+        (self.program.parent / "blankwell-plus").touch(mode=0o755)
+
+    def run_program(self, *arguments, **options):
+        return super().run_program(*arguments, executable=self.program, **options)
+
+    def test_switches_the_start_at_login(self):
+        self.assert_done(self.run_program("autostart"), b"off\n")
+        self.assert_done(self.run_program("autostart", "on"))
+        self.assert_done(self.run_program("autostart"), b"on\n")
+        self.assertIn(f'Exec="{self.folder}/bin/blankwell-plus" --background\n',
+                      self.entry().read_text())
+        self.assert_done(self.run_program("autostart", "off"))
+        self.assert_done(self.run_program("autostart"), b"off\n")
+        self.assertFalse(self.entry().exists())
+
+    def test_without_the_application_there_is_nothing_to_start(self):
+        (self.program.parent / "blankwell-plus").unlink()
+        self.assert_failed(self.run_program("autostart", "on"), 1,
+                           f'Could not start "{self.folder}/bin/blankwell-plus": '
+                           "No such file or directory.\n")
+        self.assertFalse(self.entry().exists())
+
+    def test_a_sandboxed_program_says_that_it_cannot(self):
+        for arguments in ((), ("on",), ("off",)):
+            self.assert_failed(self.run_program("autostart", *arguments, env=self.sandboxed()), 1,
+                               "What starts at login cannot be seen or changed from inside a "
+                               "sandbox.\n")
+
+
 class FoldersCommand(ProgramTestCase):
     def add(self, *names):
         for name in names:
@@ -220,18 +267,29 @@ class TypesCommand(ProgramTestCase):
 class Program(ProgramTestCase):
     def test_wrong_usage_exits_with_2_and_prints_nothing_on_standard_output(self):
         for arguments in ((), ("destroy",), ("create",), ("create", "exe"), ("open",),
-                          ("types", "x"), ("folders", "add"), ("create", "md", "--quick")):
+                          ("types", "x"), ("folders", "add"), ("quick-create", "md"),
+                          ("autostart", "maybe"), ("create", "md", "--quick")):
             result = self.run_program(*arguments)
             self.assertEqual((result.returncode, result.stdout), (2, b""), arguments)
             self.assertTrue(result.stderr.startswith(b"blankwell: "), arguments)
 
-    def test_links_no_slow_library(self):
-        dynamic = subprocess.run(["readelf", "-d", PROGRAM], capture_output=True, check=True,
+    def needed(self, file):
+        """The libraries that `file` is linked to."""
+        dynamic = subprocess.run(["readelf", "-d", file], capture_output=True, check=True,
                                  text=True).stdout
-        needed = [line.split("[")[1].rstrip("]") for line in dynamic.splitlines()
-                  if "(NEEDED)" in line]
+        return [line.split("[")[1].rstrip("]") for line in dynamic.splitlines()
+                if "(NEEDED)" in line]
+
+    def test_links_no_slow_library(self):
+        needed = self.needed(PROGRAM)
         self.assertTrue(any(name.startswith("libplist") for name in needed), needed)
         for slow in ("Qt", "icu", "systemd", "xcb", "gio", "X11", "gtk"):
+            self.assertFalse([name for name in needed if slow in name], needed)
+
+    def test_hands_over_without_a_slow_library(self):
+        needed = self.needed(os.path.join(os.path.dirname(PROGRAM), "libblankwell-session-bus.so"))
+        self.assertTrue(any(name.startswith("libsystemd") for name in needed), needed)
+        for slow in ("Qt", "icu", "xcb", "gio", "glib", "plist", "X11", "gtk"):
             self.assertFalse([name for name in needed if slow in name], needed)
 
     def test_a_missing_module_is_a_damaged_installation(self):

@@ -4,9 +4,8 @@
 #include "quickcreate/DesktopCreationController.h"
 #include "quickcreate/QuickCreatePanels.h"
 #include "settings/AppSettings.h"
-#include "support/FakeFolderAccess.h"
 #include "support/FakeHotKeyService.h"
-#include "support/FakeMainQueue.h"
+#include "support/FakeRequestHandler.h"
 #include "support/FakeWindows.h"
 
 namespace blankwell {
@@ -35,7 +34,7 @@ private:
 
 /// The real controller on doubles of the whole platform, outside of a sandbox; the Desktop of the
 /// user `u` exists.
-struct FakeCreationController : FakeFolderAccess {
+struct FakeCreationController : FakeRequestHandler {
     FakeCreationController() {
         environment.variables.clear();
         files.addFolder("/Users/u/Desktop");
@@ -61,13 +60,10 @@ struct FakeCreationController : FakeFolderAccess {
     }
 
     FakeFrontFolder frontFolder;
-    FakeMainQueue mainQueue;
     FakeHotKeyService hotKeys;
     FakeQuickCreatePanels panels{events};
     FakeScreens screens;
     FakeAppWindows windows{events};
-    FakeWorkspace workspace{events};
-    FakeAlert alert{events};
     AppSettings settings{domains.group, log};
     CreationDestination destination{account, folders, frontFolder};
     DesktopCreationController controller{servicesWith(hotKeys)};

@@ -3,6 +3,7 @@
 #include "platform/MainQueue.h"
 
 #include <deque>
+#include <mutex>
 #include <utility>
 
 namespace blankwell {
@@ -11,19 +12,32 @@ namespace blankwell {
 class FakeMainQueue : public MainQueue {
 public:
     void async(std::move_only_function<void()> work) override {
+        const std::scoped_lock lock(mutex_);
         pending.push_back(std::move(work));
     }
 
     /// Runs all that is pending, and what that adds.
     void run() {
-        while (!pending.empty()) {
-            auto work = std::move(pending.front());
-            pending.pop_front();
+        while (auto work = take()) {
             work();
         }
     }
 
+    /// To be looked at while no other thread adds work.
     std::deque<std::move_only_function<void()>> pending;
+
+private:
+    std::move_only_function<void()> take() {
+        const std::scoped_lock lock(mutex_);
+        if (pending.empty()) {
+            return nullptr;
+        }
+        auto work = std::move(pending.front());
+        pending.pop_front();
+        return work;
+    }
+
+    std::mutex mutex_;
 };
 
 } // namespace blankwell

@@ -66,6 +66,9 @@ public:
     /// Stops the controllers. To be called when the event loop ends.
     void stop() { delegate_.applicationWillTerminate(); }
 
+    /// Does what was asked for and not begun when the event loop ended.
+    void finishRequests() { mainQueue_.drain(); }
+
 private:
     [[nodiscard]] FileSystem& writableFiles();
     void showMainWindow();

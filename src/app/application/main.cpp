@@ -2,6 +2,7 @@
 #include "app/application/Invocation.h"
 #include "app/application/Program.h"
 #include "platform/Identifiers.h"
+#include "platform/linux/DBusApplication.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SessionInstance.h"
@@ -11,7 +12,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -78,26 +78,37 @@ int runFirst(SessionInstance& instance, const Invocation& invocation) {
     instance.serve(program.requests());
     program.start(invocation);
     const int status = QApplication::exec();
-    program.stop();
+    program.stop(); // first of all, so that the next instance gets the hot keys
+    instance.retire();
+    program.finishRequests();
     return status;
 }
 
-std::expected<void, std::string> handOver(const SessionInstance& instance,
-                                          const Invocation& invocation) {
+SessionApplication::Taken handOver(const Invocation& invocation) {
+    DBusApplication application(bundleIdentifier);
     if (!invocation.action.empty()) {
-        return instance.activateAction(invocation.action);
+        return application.activateAction(invocation.action);
     }
-    return invocation.urls.empty() ? instance.activate() : instance.open(invocation.urls);
+    return invocation.urls.empty() ? application.activate() : application.open(invocation.urls);
 }
 
 int run(const Invocation& invocation) {
+    constexpr int attempts = 3;
     configure();
-    SessionInstance instance{std::string(bundleIdentifier)};
-    if (instance.claim() == SessionInstance::Claim::taken) {
-        const auto handedOver = handOver(instance, invocation);
-        return handedOver ? EXIT_SUCCESS : fail(handedOver.error());
+    for (int attempt = 1;; ++attempt) {
+        SessionInstance instance{std::string(bundleIdentifier)};
+        if (instance.claim() != SessionInstance::Claim::taken) {
+            return runFirst(instance, invocation);
+        }
+        const auto taken = handOver(invocation);
+        if (taken) {
+            return EXIT_SUCCESS;
+        }
+        // One that ends just now takes nothing any more, and then this one may be the first.
+        if (taken.error().request == HandOverFailure::Request::unknown || attempt == attempts) {
+            return fail(taken.error().description);
+        }
     }
-    return runFirst(instance, invocation);
 }
 
 } // namespace

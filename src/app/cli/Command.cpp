@@ -51,6 +51,13 @@ ParsedCommand parseOpen(Arguments& arguments) {
     return OpenCommand{.url = arguments.operands[0]};
 }
 
+ParsedCommand parseQuickCreate(Arguments& arguments) {
+    if (!arguments.operands.empty()) {
+        return arguments.wrongCount("quick-create");
+    }
+    return QuickCreateCommand{};
+}
+
 ListFormat takeFormat(Arguments& arguments) {
     return arguments.take("--json") ? ListFormat::json : ListFormat::text;
 }
@@ -77,6 +84,20 @@ ParsedCommand parseFolders(Arguments& arguments) {
     return arguments.wrongCount("folders [--json | add FOLDER | forget FOLDER]");
 }
 
+ParsedCommand parseAutostart(Arguments& arguments) {
+    const auto& operands = arguments.operands;
+    if (operands.empty()) {
+        return AutostartCommand{};
+    }
+    if (operands.size() == 1 && operands[0] == "on") {
+        return AutostartCommand{AutostartCommand::Change::on};
+    }
+    if (operands.size() == 1 && operands[0] == "off") {
+        return AutostartCommand{AutostartCommand::Change::off};
+    }
+    return arguments.wrongCount("autostart [on | off]");
+}
+
 ParsedCommand parseNothing(Arguments& arguments) {
     if (arguments.take("--help")) {
         return HelpCommand{};
@@ -95,8 +116,10 @@ struct CommandParser {
 constexpr std::array parsers{
     CommandParser{"create", parseCreate},
     CommandParser{"open", parseOpen},
+    CommandParser{"quick-create", parseQuickCreate},
     CommandParser{"types", parseTypes},
     CommandParser{"folders", parseFolders},
+    CommandParser{"autostart", parseAutostart},
 };
 
 Arguments sortedOut(std::span<const std::string_view> arguments) {
@@ -161,12 +184,16 @@ std::string_view helpText() {
            "  create TYPE --front       the same in the folder of the frontmost file manager\n"
            "                            window, or on the Desktop where there is none\n"
            "  open URL                  do what a request URL asks for, such as\n"
-           "                            blankwellplus://create?type=md&directory=/home/me\n"
+           "                            blankwellplus://create?type=md&directory=/home/me;\n"
+           "                            the application does it where it runs or can be started\n"
+           "  quick-create              open the Quick Create panel of the application\n"
            "  types [--json]            list the types: id, extension, name, category\n"
            "  folders [--json]          list the folders that Blankwell+ may create files in\n"
            "                            when it is sandboxed\n"
            "  folders add FOLDER        allow FOLDER and all that is in it\n"
            "  folders forget FOLDER     take that back\n"
+           "  autostart                 print whether the application starts at login: on or off\n"
+           "  autostart on | off        let it, or keep it from that\n"
            "\n"
            "Options:\n"
            "  --verbose                 write log lines to standard error\n"

@@ -3,6 +3,7 @@
 #include "filetypes/CreationDestination.h"
 
 #include <expected>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -26,6 +27,11 @@ struct OpenCommand {
     std::string url;
 
     friend bool operator==(const OpenCommand&, const OpenCommand&) = default;
+};
+
+/// `quick-create`.
+struct QuickCreateCommand {
+    friend bool operator==(const QuickCreateCommand&, const QuickCreateCommand&) = default;
 };
 
 /// `types`.
@@ -56,6 +62,15 @@ struct ForgetFolderCommand {
     friend bool operator==(const ForgetFolderCommand&, const ForgetFolderCommand&) = default;
 };
 
+/// `autostart`: tells whether the application starts at login where `change` is unset.
+struct AutostartCommand {
+    enum class Change { on, off };
+
+    std::optional<Change> change;
+
+    friend bool operator==(const AutostartCommand&, const AutostartCommand&) = default;
+};
+
 struct HelpCommand {
     friend bool operator==(const HelpCommand&, const HelpCommand&) = default;
 };
@@ -64,8 +79,9 @@ struct VersionCommand {
     friend bool operator==(const VersionCommand&, const VersionCommand&) = default;
 };
 
-using Command = std::variant<CreateCommand, OpenCommand, TypesCommand, FoldersCommand,
-                             AddFolderCommand, ForgetFolderCommand, HelpCommand, VersionCommand>;
+using Command = std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand,
+                             FoldersCommand, AddFolderCommand, ForgetFolderCommand,
+                             AutostartCommand, HelpCommand, VersionCommand>;
 
 /// What the arguments ask for.
 struct Invocation {

@@ -7,6 +7,9 @@
 #include "app/Version.h"
 #include "base/Overloaded.h"
 #include "filetypes/FileTypeCatalog.h"
+#include "platform/ApplicationRequests.h"
+#include "platform/LoginItem.h"
+#include "platform/SessionApplication.h"
 
 #include <fmt/core.h>
 #include <nlohmann/json.hpp>
@@ -49,11 +52,27 @@ Outcome CommandRunner::execute(const CreateCommand& command) {
 }
 
 Outcome CommandRunner::execute(const OpenCommand& command) {
-    if (!parseFinderRequest(command.url)) {
+    const auto request = parseFinderRequest(command.url);
+    if (!request) {
         return wrongUsage(fmt::format("not a request URL: {}", command.url));
+    }
+    // What cannot succeed is told here, where the caller sees it.
+    if (FileTypeCatalog::definition(request->typeID) != nullptr) {
+        const auto taken = services_.application.open({command.url});
+        if (taken) {
+            return {};
+        }
+        if (taken.error().request == HandOverFailure::Request::unknown) {
+            return failing(taken.error().description);
+        }
     }
     services_.requestHandler.openUrl(command.url);
     return {};
+}
+
+Outcome CommandRunner::execute(const QuickCreateCommand& /*command*/) {
+    const auto taken = services_.application.activateAction(quickCreateAction);
+    return taken ? Outcome{} : failing(taken.error().description);
 }
 
 Outcome CommandRunner::execute(const TypesCommand& command) {
@@ -94,6 +113,16 @@ Outcome CommandRunner::execute(const AddFolderCommand& command) {
 Outcome CommandRunner::execute(const ForgetFolderCommand& command) {
     const auto removed = services_.store.removeBookmark(absolute(command.folder));
     return removed ? Outcome{} : failing(removed.error().description);
+}
+
+Outcome CommandRunner::execute(const AutostartCommand& command) {
+    if (command.change) {
+        const bool toOn = *command.change == AutostartCommand::Change::on;
+        const auto turned = toOn ? services_.loginItem.turnOn() : services_.loginItem.turnOff();
+        return turned ? Outcome{} : failing(turned.error().description);
+    }
+    const auto isOn = services_.loginItem.isOn();
+    return isOn ? printing(*isOn ? "on\n" : "off\n") : failing(isOn.error().description);
 }
 
 Outcome CommandRunner::execute(const HelpCommand& /*command*/) {

@@ -9,7 +9,9 @@ namespace blankwell {
 class CreationDestination;
 class FinderRequestHandler;
 class FolderAccess;
+class LoginItem;
 class SecurityScopedBookmarkStore;
+class SessionApplication;
 } // namespace blankwell
 
 namespace blankwell::cli {
@@ -36,22 +38,29 @@ public:
         SecurityScopedBookmarkStore& store;
         const CreationDestination& destination;
         FinderRequestHandler& requestHandler;
+        SessionApplication& application;
+        LoginItem& loginItem;
         /// The folder that relative paths are relative to: absolute.
         FileUrl currentFolder;
     };
 
     explicit CommandRunner(Services services) : services_(std::move(services)) {}
 
-    /// A failure of `open` is told by the handler's alert and is not part of the outcome.
+    /// `create` does its work here, whether or not the application runs: who calls it waits for the
+    /// path and for the exit status, and the application tells neither. `open` is handed to the
+    /// application, and done here only where that certainly does not have it. A failure of `open`
+    /// is told by an alert, the application's or the handler's, and is not part of the outcome.
     [[nodiscard]] Outcome run(const Command& command);
 
 private:
     [[nodiscard]] Outcome execute(const CreateCommand& command);
     [[nodiscard]] Outcome execute(const OpenCommand& command);
+    [[nodiscard]] Outcome execute(const QuickCreateCommand& command);
     [[nodiscard]] Outcome execute(const TypesCommand& command);
     [[nodiscard]] Outcome execute(const FoldersCommand& command);
     [[nodiscard]] Outcome execute(const AddFolderCommand& command);
     [[nodiscard]] Outcome execute(const ForgetFolderCommand& command);
+    [[nodiscard]] Outcome execute(const AutostartCommand& command);
     [[nodiscard]] Outcome execute(const HelpCommand& command);
     [[nodiscard]] Outcome execute(const VersionCommand& command);
 

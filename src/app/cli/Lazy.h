@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/FrontFolder.h"
+#include "platform/LoginItem.h"
+#include "platform/SessionApplication.h"
 #include "platform/TextOrder.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -62,6 +64,45 @@ public:
 
 private:
     Lazy<PreferenceDomains> domains_;
+};
+
+class LazyLoginItem : public LoginItem {
+public:
+    explicit LazyLoginItem(Lazy<LoginItem>::Make make) : item_(std::move(make)) {}
+
+    [[nodiscard]] std::expected<bool, SystemError> isOn() const override {
+        return item_.get().isOn();
+    }
+
+    [[nodiscard]] std::expected<void, SystemError> turnOn() override {
+        return item_.get().turnOn();
+    }
+
+    [[nodiscard]] std::expected<void, SystemError> turnOff() override {
+        return item_.get().turnOff();
+    }
+
+private:
+    Lazy<LoginItem> item_;
+};
+
+class LazySessionApplication : public SessionApplication {
+public:
+    explicit LazySessionApplication(Lazy<SessionApplication>::Make make)
+        : application_(std::move(make)) {}
+
+    [[nodiscard]] Taken activate() override { return application_.get().activate(); }
+
+    [[nodiscard]] Taken open(const std::vector<std::string>& urls) override {
+        return application_.get().open(urls);
+    }
+
+    [[nodiscard]] Taken activateAction(std::string_view action) override {
+        return application_.get().activateAction(action);
+    }
+
+private:
+    Lazy<SessionApplication> application_;
 };
 
 class LazyWorkspace : public Workspace {

@@ -3,6 +3,7 @@
 #include "platform/Identifiers.h"
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
+#include "platform/linux/UnavailableLoginItem.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 
 #include <cstdio>
@@ -32,7 +33,11 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           return loader_.services().makeFrontFolder(folders_, homeFolder(account_),
                                                     [this] { return store_.savedFolderRoots(); });
       }),
-      domains_([this] { return makeDomains(); }),
+      sessionApplication_([this] { return loader_.makeSessionApplication(); }),
+      loginItem_([this, programFolder] { return makeLoginItem(programFolder); }),
+      domains_([this] {
+          return std::make_unique<XdgPreferenceDomains>(configHome(), bundleIdentifier);
+      }),
       store_(domains_, bookmarks_, order_, log_),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -61,6 +66,8 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           .store = store_,
           .destination = destination_,
           .requestHandler = requestHandler_,
+          .application = sessionApplication_,
+          .loginItem = loginItem_,
           .currentFolder = std::move(currentFolder),
       }) {}
 
@@ -80,10 +87,17 @@ FileSystem& Program::writableFiles() {
     return files_;
 }
 
-std::unique_ptr<PreferenceDomains> Program::makeDomains() const {
-    return std::make_unique<XdgPreferenceDomains>(
-        preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"), homeFolder(account_).path()),
-        bundleIdentifier);
+std::string Program::configHome() const {
+    return preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"),
+                                homeFolder(account_).path());
+}
+
+std::unique_ptr<LoginItem> Program::makeLoginItem(const FileUrl& programFolder) {
+    if (isSandboxed(environment_)) {
+        return std::make_unique<UnavailableLoginItem>();
+    }
+    return loader_.services().makeLoginItem(FileUrl(configHome()),
+                                            programFolder.appending("blankwell-plus"));
 }
 
 } // namespace blankwell::cli

@@ -38,7 +38,8 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
-    [[nodiscard]] std::unique_ptr<PreferenceDomains> makeDomains() const;
+    [[nodiscard]] std::string configHome() const;
+    [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(const FileUrl& programFolder);
 
     // In the order of construction.
     ProcessEnvironment environment_;
@@ -49,6 +50,8 @@ private:
     LazyTextOrder order_;
     LazyWorkspace workspace_;
     LazyFrontFolder frontFolder_;
+    LazySessionApplication sessionApplication_;
+    LazyLoginItem loginItem_;
     LazyPreferenceDomains domains_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};

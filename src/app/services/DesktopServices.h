@@ -12,6 +12,8 @@ namespace blankwell {
 
 class FrontFolder;
 class Log;
+class LoginItem;
+class SessionApplication;
 class TextOrder;
 class WellKnownFolders;
 class Workspace;
@@ -31,6 +33,10 @@ public:
 
     [[nodiscard]] virtual std::unique_ptr<Log> makeJournal() = 0;
 
+    /// The start of `program` at login, kept under `configHome`.
+    [[nodiscard]] virtual std::unique_ptr<LoginItem> makeLoginItem(const FileUrl& configHome,
+                                                                   FileUrl program) = 0;
+
     /// `log` must outlive the result.
     [[nodiscard]] virtual std::unique_ptr<Workspace> makeWorkspace(Log& log) = 0;
 
@@ -45,5 +51,11 @@ using MakeDesktopServices = std::unique_ptr<DesktopServices> (*)();
 
 /// The name that the entry has in the module.
 inline constexpr auto makeDesktopServicesSymbol = "blankwellMakeDesktopServices";
+
+/// The one entry of the module for the session bus, which stands for itself because what hands a
+/// request over needs nothing else: makes the application, as other programs of the session ask it.
+using MakeSessionApplication = std::unique_ptr<SessionApplication> (*)();
+
+inline constexpr auto makeSessionApplicationSymbol = "blankwellMakeSessionApplication";
 
 } // namespace blankwell

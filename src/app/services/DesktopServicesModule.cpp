@@ -1,10 +1,12 @@
 #include "app/services/DesktopServices.h"
 
+#include "platform/Identifiers.h"
 #include "platform/linux/FileManagerFrontFolder.h"
 #include "platform/linux/FileManagerWorkspace.h"
 #include "platform/linux/IcuTextOrder.h"
 #include "platform/linux/JournalLog.h"
 #include "platform/linux/ProcessEnvironment.h"
+#include "platform/linux/XdgAutostart.h"
 
 #include <utility>
 
@@ -23,6 +25,10 @@ public:
 
     std::unique_ptr<Log> makeJournal() override {
         return std::make_unique<JournalLog>("blankwell");
+    }
+
+    std::unique_ptr<LoginItem> makeLoginItem(const FileUrl& configHome, FileUrl program) override {
+        return std::make_unique<XdgAutostart>(configHome, bundleIdentifier, std::move(program));
     }
 
     std::unique_ptr<Workspace> makeWorkspace(Log& log) override {

@@ -1,5 +1,7 @@
 #include "app/services/ModuleLoader.h"
 
+#include "platform/SessionApplication.h"
+
 #include <dlfcn.h>
 
 #include <cstdio>
@@ -8,7 +10,8 @@
 namespace blankwell {
 namespace {
 
-constexpr auto moduleName = "libblankwell-services.so";
+constexpr auto servicesModule = "libblankwell-services.so";
+constexpr auto sessionBusModule = "libblankwell-session-bus.so";
 
 [[noreturn]] void fail(const char* problem) {
     std::fprintf(stderr, "blankwell: the installation is damaged: %s\n", problem);
@@ -19,17 +22,26 @@ constexpr auto moduleName = "libblankwell-services.so";
 
 DesktopServices& ModuleLoader::services() {
     if (!services_) {
-        const auto path = programFolder_.appending(moduleName).path();
-        // Never closed: what the services made may still be in use while the process ends.
-        void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-        void* const entry =
-            module == nullptr ? nullptr : ::dlsym(module, makeDesktopServicesSymbol);
-        if (entry == nullptr) {
-            fail(::dlerror());
-        }
-        services_ = reinterpret_cast<MakeDesktopServices>(entry)();
+        void* const make = entry(servicesModule, makeDesktopServicesSymbol);
+        services_ = reinterpret_cast<MakeDesktopServices>(make)();
     }
     return *services_;
+}
+
+std::unique_ptr<SessionApplication> ModuleLoader::makeSessionApplication() const {
+    void* const make = entry(sessionBusModule, makeSessionApplicationSymbol);
+    return reinterpret_cast<MakeSessionApplication>(make)();
+}
+
+void* ModuleLoader::entry(const char* moduleName, const char* symbol) const {
+    const auto path = programFolder_.appending(moduleName).path();
+    // Never closed: what the module made may still be in use while the process ends.
+    void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const found = module == nullptr ? nullptr : ::dlsym(module, symbol);
+    if (found == nullptr) {
+        fail(::dlerror());
+    }
+    return found;
 }
 
 } // namespace blankwell

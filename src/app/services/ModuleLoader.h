@@ -8,16 +8,22 @@
 
 namespace blankwell {
 
-/// The desktop services out of the module that stands in a program's folder, loaded at first use.
+/// What the modules in a program's folder make, each loaded at first use. Where one cannot be
+/// loaded, the installation is damaged: that ends the process with a message on standard error and
+/// status 1.
 class ModuleLoader {
 public:
     explicit ModuleLoader(FileUrl programFolder) : programFolder_(std::move(programFolder)) {}
 
-    /// The services, which live as long as this object. Ends the process with a message on standard
-    /// error and status 1 where the module cannot be loaded: the installation is damaged.
+    /// The services, which live as long as this object.
     [[nodiscard]] DesktopServices& services();
 
+    /// The application, as other programs of the session ask it.
+    [[nodiscard]] std::unique_ptr<SessionApplication> makeSessionApplication() const;
+
 private:
+    [[nodiscard]] void* entry(const char* moduleName, const char* symbol) const;
+
     FileUrl programFolder_;
     std::unique_ptr<DesktopServices> services_;
 };

@@ -56,6 +56,16 @@ BusMessage& BusMessage::append(const std::vector<std::string>& values) {
     return *this;
 }
 
+BusMessage& BusMessage::appendEmptyArray(const char* contents) {
+    if (status_ >= 0) {
+        status_ = sd_bus_message_open_container(get(), SD_BUS_TYPE_ARRAY, contents);
+    }
+    if (status_ >= 0) {
+        status_ = sd_bus_message_close_container(get());
+    }
+    return *this;
+}
+
 std::optional<bool> BusMessage::readBool() {
     int value = 0;
     if (sd_bus_message_read_basic(get(), SD_BUS_TYPE_BOOLEAN, &value) <= 0) {

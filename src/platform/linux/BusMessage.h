@@ -30,6 +30,8 @@ public:
 
     BusMessage& append(const std::string& value);
     BusMessage& append(const std::vector<std::string>& values);
+    /// An array without elements, which would be of the type `contents`.
+    BusMessage& appendEmptyArray(const char* contents);
 
     /// The next value, D-Bus type `b`; nothing, as below, if the next value is of another type.
     std::optional<bool> readBool();

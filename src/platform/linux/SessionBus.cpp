@@ -6,6 +6,7 @@
 #include <systemd/sd-bus.h>
 
 #include <cerrno>
+#include <cstring>
 
 namespace blankwell {
 namespace {
@@ -19,6 +20,23 @@ std::unexpected<SystemError> failure(int result, std::string_view what) {
 std::uint64_t microseconds(const Deadline& deadline) {
     return static_cast<std::uint64_t>(deadline.remaining().count());
 }
+
+/// What sd-bus says about a failed call.
+struct CallError {
+    CallError() = default;
+
+    ~CallError() { sd_bus_error_free(&value); }
+
+    CallError(const CallError&) = delete;
+    CallError& operator=(const CallError&) = delete;
+
+    [[nodiscard]] BusError described(int result) const {
+        const auto* const name = value.name == nullptr ? SD_BUS_ERROR_FAILED : value.name;
+        return {name, value.message == nullptr ? std::strerror(-result) : value.message};
+    }
+
+    sd_bus_error value{};
+};
 
 } // namespace
 
@@ -86,6 +104,23 @@ std::expected<BusMessage, SystemError> SessionBus::call(const BusMessage& messag
         sd_bus_call(bus_.get(), message.get(), microseconds(deadline), nullptr, &reply);
     if (result < 0) {
         return failure(result, what);
+    }
+    return BusMessage(reply);
+}
+
+std::expected<BusMessage, BusError> SessionBus::ask(const BusMessage& message, AutoStart autoStart,
+                                                    const Deadline& deadline) {
+    if (message.status() < 0 || deadline.hasPassed()) {
+        const int result = message.status() < 0 ? message.status() : -ETIMEDOUT;
+        return std::unexpected(BusError{.message = posixError(-result, unreachable).description});
+    }
+    sd_bus_message_set_auto_start(message.get(), autoStart == AutoStart::yes ? 1 : 0);
+    CallError error;
+    sd_bus_message* reply = nullptr;
+    const int result =
+        sd_bus_call(bus_.get(), message.get(), microseconds(deadline), &error.value, &reply);
+    if (result < 0) {
+        return std::unexpected(error.described(result));
     }
     return BusMessage(reply);
 }

@@ -14,6 +14,16 @@ extern "C" struct sd_bus;
 
 namespace blankwell {
 
+/// Why a call has no answer.
+struct BusError {
+    /// As the bus names errors; empty where the message was never sent.
+    std::string name;
+    /// From the program that reports the error, for people.
+    std::string message;
+
+    [[nodiscard]] bool wasNeverSent() const { return name.empty(); }
+};
+
 /// One connection to the user's session bus. Everything that waits, waits until a deadline at the
 /// longest, even if the bus itself hangs. Belongs to the thread that connected it.
 ///
@@ -42,6 +52,10 @@ public:
     /// Sends `message` and waits for the answer. Starts nothing.
     std::expected<BusMessage, SystemError> call(const BusMessage& message,
                                                 const Deadline& deadline);
+
+    /// As `call`, for who must know by what error the call failed.
+    std::expected<BusMessage, BusError> ask(const BusMessage& message, AutoStart autoStart,
+                                            const Deadline& deadline);
 
     /// Hands `message` to the bus and asks for no answer. Where that starts a program, the bus
     /// delivers it only if this connection still stands when the program is up.

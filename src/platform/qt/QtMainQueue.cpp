@@ -29,6 +29,14 @@ void QtMainQueue::async(std::move_only_function<void()> work) {
     QCoreApplication::postEvent(&receiver_, event.release()); // which takes it over
 }
 
+void QtMainQueue::drain() {
+    receiver_.drain();
+}
+
+QtMainQueue::Receiver::Receiver() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
 bool QtMainQueue::Receiver::event(QEvent* event) {
     if (event->type() != WorkEvent::registeredType()) {
         return QObject::event(event);
@@ -40,9 +48,27 @@ bool QtMainQueue::Receiver::event(QEvent* event) {
     return true;
 }
 
+bool QtMainQueue::Receiver::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Quit) {
+        return false;
+    }
+    // From here on a dialog would come back at once, as if cancelled. A window may refuse, though.
+    watched->event(event);
+    isQuitting_ = event->isAccepted();
+    return true;
+}
+
+void QtMainQueue::Receiver::drain() {
+    do {
+        isQuitting_ = false;
+        work();
+        QCoreApplication::sendPostedEvents(this);
+    } while (!waiting_.empty());
+}
+
 void QtMainQueue::Receiver::work() {
     isWorking_ = true;
-    while (!waiting_.empty()) {
+    while (!waiting_.empty() && !isQuitting_) {
         auto next = std::move(waiting_.front());
         waiting_.pop_front();
         next(); // a dialog that it opens runs the event loop, which may bring more work

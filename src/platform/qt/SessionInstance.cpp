@@ -1,23 +1,14 @@
 #include "platform/qt/SessionInstance.h"
 
+#include "platform/ObjectPath.h"
 #include "platform/qt/QtText.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
-
-#include <algorithm>
-#include <iterator>
 
 namespace blankwell {
 namespace {
-
-constexpr int answerMilliseconds = 5000;
-
-/// The path that the Desktop Entry Specification derives from a name.
-QString objectPath(const QString& name) {
-    return '/' + QString(name).replace('.', '/').replace('-', '_');
-}
 
 SessionInstance::Claim claimName(const QString& name, const QString& path, QObject& object) {
     auto bus = QDBusConnection::sessionBus();
@@ -41,45 +32,26 @@ SessionInstance::Claim claimName(const QString& name, const QString& path, QObje
 
 SessionInstance::SessionInstance(const std::string& name)
     : name_(qtText(name)),
-      path_(objectPath(name_)),
+      path_(qtText(objectPath(name))),
       adaptor_(new ApplicationAdaptor(&object_)), // which the object owns
       claim_(claimName(name_, path_, object_)) {}
 
 SessionInstance::~SessionInstance() {
-    auto bus = QDBusConnection::sessionBus();
+    giveUpName();
+    QDBusConnection::sessionBus().unregisterObject(path_);
+}
+
+void SessionInstance::retire() {
+    giveUpName();
+    QCoreApplication::sendPostedEvents(&object_);
+}
+
+void SessionInstance::giveUpName() {
     if (claim_ == Claim::first) {
-        bus.unregisterService(name_);
+        // The bus answers after all that it has delivered to the name: that has come in then.
+        QDBusConnection::sessionBus().interface()->unregisterService(name_);
+        claim_ = Claim::taken;
     }
-    bus.unregisterObject(path_);
-}
-
-std::expected<void, std::string> SessionInstance::activate() const {
-    return ask("Activate", {});
-}
-
-std::expected<void, std::string> SessionInstance::open(const std::vector<std::string>& urls) const {
-    QStringList uris;
-    std::ranges::transform(urls, std::back_inserter(uris), qtText);
-    return ask("Open", {QVariant(uris)});
-}
-
-std::expected<void, std::string> SessionInstance::activateAction(std::string_view action) const {
-    return ask("ActivateAction", {qtText(action), QVariant(QVariantList())});
-}
-
-std::expected<void, std::string> SessionInstance::ask(const QString& method,
-                                                      QVariantList arguments) const {
-    auto message =
-        QDBusMessage::createMethodCall(name_, path_, "org.freedesktop.Application", method);
-    arguments << QVariantMap(); // about the platform: nothing to tell
-    message.setArguments(arguments);
-    const auto answer =
-        QDBusConnection::sessionBus().call(message, QDBus::Block, answerMilliseconds);
-    if (answer.type() == QDBusMessage::ErrorMessage) {
-        return std::unexpected("The running application does not answer: " +
-                               utf8(answer.errorMessage()));
-    }
-    return {};
 }
 
 } // namespace blankwell

@@ -3,11 +3,9 @@
 #include "platform/qt/ApplicationAdaptor.h"
 
 #include <QObject>
+#include <QString>
 
-#include <expected>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace blankwell {
 
@@ -36,16 +34,12 @@ public:
     /// delivered before the event loop runs. `requests` must outlive this object.
     void serve(ApplicationRequests& requests) { adaptor_->setRequests(&requests); }
 
-    // What another process, which runs already, is asked for. Each waits until that has taken note,
-    // five seconds at most; the error is a sentence for the user.
-
-    [[nodiscard]] std::expected<void, std::string> activate() const;
-    [[nodiscard]] std::expected<void, std::string> open(const std::vector<std::string>& urls) const;
-    [[nodiscard]] std::expected<void, std::string> activateAction(std::string_view action) const;
+    /// Gives the name up, so that what is asked from now on goes to the next instance, and hands on
+    /// what was asked of this one before. For an instance that ends.
+    void retire();
 
 private:
-    [[nodiscard]] std::expected<void, std::string> ask(const QString& method,
-                                                       QVariantList arguments) const;
+    void giveUpName();
 
     QString name_;
     QString path_;

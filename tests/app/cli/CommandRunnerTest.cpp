@@ -1,7 +1,9 @@
 #include "app/cli/CommandRunner.h"
 
 #include "app/Version.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakeRequestHandler.h"
+#include "support/FakeSessionApplication.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -9,7 +11,10 @@
 namespace blankwell::cli {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
+
+constexpr auto request = "blankwellplus://create?type=md&directory=/front";
 
 struct CommandRunnerTest : testing::Test, FakeRequestHandler {
     CommandRunnerTest() {
@@ -19,13 +24,21 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
         environment.variables.clear();
     }
 
+    void letNoApplicationRun() {
+        sessionApplication.failWith = {HandOverFailure::Request::notTaken, "It does not run."};
+    }
+
     FakeFrontFolder frontFolder;
+    FakeSessionApplication sessionApplication;
+    FakeLoginItem loginItem;
     CreationDestination destination{account, folders, frontFolder};
     CommandRunner runner{{
         .folderAccess = access,
         .store = store,
         .destination = destination,
         .requestHandler = handler,
+        .application = sessionApplication,
+        .loginItem = loginItem,
         .currentFolder = FileUrl("/Users/u/work"),
     }};
 };
@@ -75,17 +88,54 @@ TEST_F(CommandRunnerTest, AnUnknownTypeIsWrongUsage) {
     EXPECT_EQ(outcome.errors, "blankwell: no file type 'exe'; 'blankwell types' lists them\n");
 }
 
-TEST_F(CommandRunnerTest, OpenHandlesTheRequest) {
-    EXPECT_EQ(runner.run(OpenCommand{"blankwellplus://create?type=md&directory=/front"}),
-              Outcome{});
+TEST_F(CommandRunnerTest, CreateIsNeverHandedOver) {
+    EXPECT_EQ(runner.run(CreateCommand{"md"}).output, "/Users/u/work/Untitled.md\n");
+    EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, OpenHandsTheRequestOverAndDoesNothingItself) {
+    EXPECT_EQ(runner.run(OpenCommand{request}), Outcome{});
+    EXPECT_THAT(sessionApplication.taken, ElementsAre("open " + std::string(request)));
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_EQ(files.contents("/front/Untitled.md"), "(none)");
+}
+
+TEST_F(CommandRunnerTest, OpenCreatesNothingWhereTheApplicationMayDoItYet) {
+    sessionApplication.failWith = {HandOverFailure::Request::unknown, "It does not answer."};
+    EXPECT_EQ(runner.run(OpenCommand{request}),
+              (Outcome{.status = Outcome::failed, .errors = "It does not answer.\n"}));
+    EXPECT_THAT(events, IsEmpty());
+    EXPECT_EQ(files.contents("/front/Untitled.md"), "(none)");
+}
+
+TEST_F(CommandRunnerTest, OpenHandlesTheRequestItselfWhereNoApplicationCan) {
+    letNoApplicationRun();
+    EXPECT_EQ(runner.run(OpenCommand{request}), Outcome{});
     EXPECT_EQ(files.contents("/front/Untitled.md"), "");
     EXPECT_THAT(events, testing::Contains("reveal /front/Untitled.md"));
 }
 
-TEST_F(CommandRunnerTest, OpenLeavesTheFailureToTheAlert) {
-    EXPECT_EQ(runner.run(OpenCommand{"blankwellplus://create?type=exe&directory=/front"}),
-              Outcome{});
-    EXPECT_EQ(alert.shown.size(), 1U);
+TEST_F(CommandRunnerTest, OpenTellsOfAnUnknownTypeHereWhetherOrNotTheApplicationRuns) {
+    for (const bool runs : {true, false}) {
+        if (!runs) {
+            letNoApplicationRun();
+        }
+        EXPECT_EQ(runner.run(OpenCommand{"blankwellplus://create?type=exe&directory=/front"}),
+                  Outcome{});
+    }
+    EXPECT_EQ(alert.shown.size(), 2U);
+    EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, QuickCreateAsksForThePanel) {
+    EXPECT_EQ(runner.run(QuickCreateCommand{}), Outcome{});
+    EXPECT_THAT(sessionApplication.taken, ElementsAre("action quick-create"));
+}
+
+TEST_F(CommandRunnerTest, QuickCreateWithoutAnApplicationFails) {
+    letNoApplicationRun();
+    EXPECT_EQ(runner.run(QuickCreateCommand{}),
+              (Outcome{.status = Outcome::failed, .errors = "It does not run.\n"}));
 }
 
 TEST_F(CommandRunnerTest, OpenRefusesWhatIsNoRequest) {
@@ -96,6 +146,27 @@ TEST_F(CommandRunnerTest, OpenRefusesWhatIsNoRequest) {
                            .errors = "blankwell: not a request URL: " + std::string(url) + "\n"}));
     }
     EXPECT_THAT(events, IsEmpty());
+    EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, AutostartTellsAndTurns) {
+    using Change = AutostartCommand::Change;
+    EXPECT_EQ(runner.run(AutostartCommand{}), (Outcome{.output = "off\n"}));
+    EXPECT_EQ(runner.run(AutostartCommand{Change::on}), Outcome{});
+    EXPECT_TRUE(loginItem.on);
+    EXPECT_EQ(runner.run(AutostartCommand{}), (Outcome{.output = "on\n"}));
+    EXPECT_EQ(runner.run(AutostartCommand{Change::off}), Outcome{});
+    EXPECT_FALSE(loginItem.on);
+}
+
+TEST_F(CommandRunnerTest, AutostartTellsItsFailures) {
+    using Change = AutostartCommand::Change;
+    loginItem.failWith = SystemError{SystemError::Domain::posix, 13, "Not allowed."};
+    const Outcome failed{.status = Outcome::failed, .errors = "Not allowed.\n"};
+    for (const auto& command :
+         {AutostartCommand{}, AutostartCommand{Change::on}, AutostartCommand{Change::off}}) {
+        EXPECT_EQ(runner.run(command), failed);
+    }
 }
 
 TEST_F(CommandRunnerTest, TypesListsTheCatalogInOrder) {

@@ -45,6 +45,21 @@ TEST(CommandTest, OpenTakesOneUrl) {
     EXPECT_EQ(problem({"open", "a", "b"}), "usage: blankwell open URL");
 }
 
+TEST(CommandTest, AutostartTakesOnOffOrNothing) {
+    EXPECT_EQ(parsed({"autostart"}).command, Command(AutostartCommand{}));
+    EXPECT_EQ(parsed({"autostart", "on"}).command,
+              Command(AutostartCommand{AutostartCommand::Change::on}));
+    EXPECT_EQ(parsed({"autostart", "off"}).command,
+              Command(AutostartCommand{AutostartCommand::Change::off}));
+    EXPECT_EQ(problem({"autostart", "maybe"}), "usage: blankwell autostart [on | off]");
+    EXPECT_EQ(problem({"autostart", "on", "off"}), "usage: blankwell autostart [on | off]");
+}
+
+TEST(CommandTest, QuickCreateTakesNothing) {
+    EXPECT_EQ(parsed({"quick-create"}).command, Command(QuickCreateCommand{}));
+    EXPECT_EQ(problem({"quick-create", "md"}), "usage: blankwell quick-create");
+}
+
 TEST(CommandTest, ListsArePrintedAsTextOrJson) {
     EXPECT_EQ(parsed({"types"}).command, Command(TypesCommand{}));
     EXPECT_EQ(parsed({"types", "--json"}).command, Command(TypesCommand{ListFormat::json}));

@@ -4,8 +4,9 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QTimer>
 
-#include <thread>
+#include <vector>
 
 namespace blankwell {
 namespace {
@@ -28,13 +29,40 @@ TEST(QtMainQueueTest, WorkThatWaitsInADialogHoldsBackTheRest) {
     EXPECT_THAT(done, testing::ElementsAre(1, 2));
 }
 
-TEST(QtMainQueueTest, WorkOfAnotherThreadRunsOnTheMainThread) {
-    ProcessedQtMainQueue queue;
-    std::thread::id workedOn;
-    std::thread([&] { queue.async([&] { workedOn = std::this_thread::get_id(); }); }).join();
-    EXPECT_EQ(workedOn, std::thread::id());
-    queue.run();
-    EXPECT_EQ(workedOn, std::this_thread::get_id());
+TEST(QtMainQueueTest, WhenTheApplicationQuitsTheRestIsLeftToBeDrained) {
+    QtMainQueue queue;
+    std::vector<int> done;
+    queue.async([&] {
+        queue.async([&] {
+            done.push_back(2);
+            queue.async([&] { done.push_back(4); });
+        });
+        queue.async([&] { done.push_back(3); });
+        QCoreApplication::processEvents(); // as the loop of a dialog does
+        QCoreApplication::quit();
+        done.push_back(1);
+    });
+    QCoreApplication::exec();
+    EXPECT_THAT(done, testing::ElementsAre(1));
+    queue.drain();
+    EXPECT_THAT(done, testing::ElementsAre(1, 2, 3, 4));
+    queue.drain();
+    EXPECT_EQ(done.size(), 4U);
+}
+
+TEST(QtMainQueueTest, ADialogThatDrainedWorkOpensIsNotTakenForCancelled) {
+    QtMainQueue queue;
+    int answer = 0;
+    queue.async([] { QCoreApplication::quit(); });
+    queue.async([&] {
+        QEventLoop dialog;
+        QTimer::singleShot(0, &dialog, [&] { dialog.exit(7); });
+        answer = dialog.exec();
+    });
+    QCoreApplication::exec();
+    EXPECT_EQ(answer, 0);
+    queue.drain();
+    EXPECT_EQ(answer, 7);
 }
 
 TEST(QtMainQueueTest, WorkLeftInAQueueThatIsGoneNeverRuns) {
