@@ -87,6 +87,10 @@ void Program::hang() const {
     ::waitpid(process_, nullptr, WUNTRACED);
 }
 
+void Program::goOn() const {
+    ::kill(process_, SIGCONT);
+}
+
 int Program::terminate() {
     ::kill(process_, SIGTERM);
     return exitStatus();

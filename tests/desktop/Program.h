@@ -31,6 +31,9 @@ public:
     /// Lets it hang: it keeps its windows and names and does nothing any more.
     void hang() const;
 
+    /// Lets it go on.
+    void goOn() const;
+
     /// Asks it to end as a session does, and returns what `exitStatus()` does.
     int terminate();
 
