@@ -1,5 +1,6 @@
+#include "desktop/ApplicationFixture.h"
 #include "desktop/Desktop.h"
-#include "desktop/Program.h"
+#include "desktop/ShownStatusItem.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,68 +23,12 @@ using testing::Not;
 constexpr auto busName = "app.blankwell.BlankwellPlus";
 constexpr auto barName = "org.kde.StatusNotifierWatcher";
 
-void storePresence(const std::string& presence) {
-    makeSettings("BLNKWLPLUS.app.blankwell.BlankwellPlus.plist",
-                 R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
-                 "<key>appPresence</key><string>" +
-                     presence + "</string></dict></plist>");
-}
-
-/// The shell's `$?` after the application was started with `arguments`.
-std::string statusOf(const std::string& arguments) {
-    return outputOf(
-        {"sh", "-c",
-         std::string(BLANKWELL_APPLICATION) + " " + arguments + " >/dev/null; printf $?"});
-}
-
-std::string requestUrl(const FileUrl& folder, const std::string& type) {
-    return "blankwellplus://create?type=" + type + "&directory=" + folder.path();
-}
-
 long filesIn(const FileUrl& folder) {
     return std::distance(std::filesystem::directory_iterator(folder.path()),
                          std::filesystem::directory_iterator());
 }
 
-bool windowIsGone(const std::string& title) {
-    return eventually([&] {
-        const auto titles = windowTitles();
-        return std::ranges::find(titles, title) == titles.end();
-    });
-}
-
-std::string statesOf(const std::string& title) {
-    return outputOf({"xprop", "-name", title, "_NET_WM_STATE", "_NET_WM_DESKTOP"});
-}
-
-/// The status items that the bar has.
-std::string statusItems() {
-    return outputOf({"busctl", "--user", "get-property", barName, "/StatusNotifierWatcher", barName,
-                     "RegisteredStatusNotifierItems"});
-}
-
-struct ApplicationTest : testing::Test {
-    ApplicationTest() {
-        std::filesystem::remove_all(desktopHome().appending(".config").path());
-        ::setenv("XFCE_PANEL_MIGRATE_DEFAULT", "1", 1);
-    }
-
-    ~ApplicationTest() override {
-        application.reset();
-        EXPECT_TRUE(eventually([] { return !isOnBus(busName); }));
-    }
-
-    void start(const Arguments& arguments = {}) {
-        Arguments command{BLANKWELL_APPLICATION};
-        command.insert(command.end(), arguments.begin(), arguments.end());
-        application.emplace(command);
-        ASSERT_TRUE(eventually([] { return isOnBus(busName); }));
-    }
-
-    void startInBackground() { start({"--background"}); }
-
-    std::optional<Program> application;
-};
+using ApplicationTest = ApplicationFixture;
 
 TEST_F(ApplicationTest, ASecondStartHandsItsUrlToTheRunningOneAndExits) {
     startInBackground();
@@ -177,40 +122,73 @@ TEST_F(ApplicationTest, AfterAnAlertThePanelHasTheKeyboardAgain) {
 }
 
 TEST_F(ApplicationTest, WithoutAStatusBarTheMainWindowOpensWhereItIsTheOnlyWayIn) {
-    storePresence("menuBarOnly");
+    settings->appPresence.set(AppPresence::menuBarOnly);
     startInBackground();
     ASSERT_TRUE(windowAppears("Blankwell+"));
     EXPECT_THAT(statesOf("Blankwell+"), HasSubstr("_NET_WM_STATE_SKIP_TASKBAR"));
+    EXPECT_EQ(logged("[StatusItem] The desktop shows no status items"), 1);
+}
+
+TEST_F(ApplicationTest, AStatusBarThatIsMissingStillOpensTheWindowAgainAndIsLoggedNoMore) {
+    settings->appPresence.set(AppPresence::menuBarOnly);
+    startInBackground();
+    ASSERT_TRUE(windowAppears("Blankwell+"));
+    settings->appPresence.set(AppPresence::dockOnly);
+    ASSERT_TRUE(eventually([] {
+        return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") == std::string::npos;
+    }));
+    // A key that comes while the window manager turns to the window is lost.
+    ASSERT_TRUE(eventually([] {
+        type("alt+F4");
+        return windowNumber("Blankwell+").empty();
+    }));
+    settings->appPresence.set(AppPresence::menuBarOnly);
+    EXPECT_TRUE(windowAppears("Blankwell+"));
+    EXPECT_EQ(logged("[StatusItem] The desktop shows no status items"), 1);
+}
+
+TEST_F(ApplicationTest, AtTheCornerOfTheSecondMonitorThePanelKeepsItsMarginsThere) {
+    outputOf({"xrandr", "--setmonitor", "left", "640/160x800/200+0+0", "screen"});
+    outputOf({"xrandr", "--setmonitor", "right", "640/160x700/200+640+0", "none"});
+    startInBackground();
+    outputOf({"xdotool", "mousemove", "640", "699"});
+    EXPECT_EQ(statusOf("--action=quick-create"), "0");
+    ASSERT_TRUE(windowAppears("Create File"));
+    // 12 points from the left edge, and 12 above the bottom one at 700.
+    const auto place = [] {
+        return outputOf({"xdotool", "getwindowgeometry", windowNumber("Create File")});
+    };
+    EXPECT_TRUE(eventually([&] { return place().find("Position: 652,88 ") != std::string::npos; }))
+        << place();
+    EXPECT_THAT(place(), HasSubstr("Geometry: 560x600"));
 }
 
 TEST_F(ApplicationTest, AChangeOfPresenceByAnotherProcessReachesTheShownWindow) {
     start();
     ASSERT_TRUE(windowAppears("Blankwell+"));
     EXPECT_THAT(statesOf("Blankwell+"), Not(HasSubstr("_NET_WM_STATE_SKIP_TASKBAR")));
-    storePresence("menuBarOnly");
+    settings->appPresence.set(AppPresence::menuBarOnly);
     EXPECT_TRUE(eventually([] {
         return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") != std::string::npos;
     }));
-    storePresence("dockOnly");
+    settings->appPresence.set(AppPresence::dockOnly);
     EXPECT_TRUE(eventually([] {
         return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") == std::string::npos;
     }));
 }
 
 TEST_F(ApplicationTest, AStatusBarThatStartsLaterOrAnewShowsTheItem) {
-    storePresence("menuBarOnly");
+    settings->appPresence.set(AppPresence::menuBarOnly);
     startInBackground();
     for (int times = 0; times < 2; ++times) {
         const Program bar({"xfce4-panel", "--disable-wm-check"});
-        EXPECT_TRUE(eventually([] {
-            return isOnBus(barName) &&
-                   statusItems().find("StatusNotifierItem") != std::string::npos;
-        }));
+        EXPECT_TRUE(
+            eventually([] { return isOnBus(barName) && ShownStatusItem::find().has_value(); }));
     }
 }
 
 TEST_F(ApplicationTest, UserInterfaceTestsSeeNoStatusItemAndARegularApplication) {
-    storePresence("menuBarOnly");
+    settings->appPresence.set(AppPresence::menuBarOnly);
     ::setenv("BLANKWELL_UI_TESTING", "1", 1);
     start();
     ::unsetenv("BLANKWELL_UI_TESTING");

@@ -93,6 +93,10 @@ void Program::goOn() const {
 
 int Program::terminate() {
     ::kill(process_, SIGTERM);
+    return exitStatus();
+}
+
+int Program::exitStatus() {
     int status = 0;
     ::waitpid(process_, &status, 0);
     process_ = -1;

@@ -31,12 +31,14 @@ public:
     /// Lets it hang: it keeps its windows and names and does nothing any more.
     void hang() const;
 
-    /// Lets it go on after that.
+    /// Lets it go on.
     void goOn() const;
 
-    /// Asks it to end as a session does, and returns its exit status, or -1 where a signal ended
-    /// it.
+    /// Asks it to end as a session does, and returns what `exitStatus()` does.
     int terminate();
+
+    /// Waits until it ends, and returns its exit status, or -1 where a signal ended it.
+    int exitStatus();
 
 private:
     pid_t process_ = -1;

@@ -29,7 +29,10 @@ void styleTexts(const QMessageBox& box) {
     auto headline = message->font();
     headline.setWeight(QFont::DemiBold);
     message->setFont(headline);
-    box.findChild<QLabel*>("qt_msgbox_informativelabel")->setMinimumWidth(lineWidth);
+    // Without a text there is no such label.
+    if (auto* const informative = box.findChild<QLabel*>("qt_msgbox_informativelabel")) {
+        informative->setMinimumWidth(lineWidth);
+    }
 }
 
 } // namespace

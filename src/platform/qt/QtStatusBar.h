@@ -20,7 +20,11 @@ class QtStatusItem;
 /// The status bar as the StatusNotifierItem protocol has it.
 ///
 /// Items appear whenever a desktop shows such a bar: at once, or when it starts later, or again
-/// when it starts anew. Images follow the colour of the application's texts.
+/// when it starts anew.
+///
+/// Images follow the colour of the application's texts, since the protocol does not tell that of
+/// the bar. Bars recolour icons only that they find by a symbolic name in an installed icon theme;
+/// the application runs from any folder, and Qt names no folder of icons to them.
 class QtStatusBar : public QObject, public StatusBar {
 public:
     /// How long an item waits for a bar before the bar counts as missing: more than the programs of

@@ -1,12 +1,15 @@
 #include "platform/qt/QtAlert.h"
 
+#include "contract/AlertContract.h"
 #include "platform/qt/Dialogs.h"
 
-#include <gtest/gtest.h>
-
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
+
+#include <map>
 
 namespace blankwell {
 namespace {
@@ -16,6 +19,44 @@ const AlertContent failure{
     .messageText = "Could not create file",
     .informativeText = "The disk <b>x</b> is full.",
 };
+
+/// Reads what a box shows, in the words of its labels.
+AlertContent contentOf(const QMessageBox& box) {
+    using enum AlertContent::Style;
+    const std::map<QMessageBox::Icon, AlertContent::Style> styles{
+        {QMessageBox::Warning, warning},
+        {QMessageBox::Information, informational},
+        {QMessageBox::Critical, critical}};
+    const auto text = [&](const char* name) {
+        const auto* const label = box.findChild<QLabel*>(name);
+        return label == nullptr ? "" : label->text().toStdString();
+    };
+    return {
+        .style = styles.at(box.icon()),
+        .messageText = text("qt_msgbox_label"),
+        .informativeText = text("qt_msgbox_informativelabel"),
+    };
+}
+
+/// A user who reads an alert and presses Return.
+class QtAlertWorld {
+public:
+    Alert& alert() {
+        whenShown<QMessageBox>([this](QMessageBox& box) {
+            read_.push_back(contentOf(box));
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        return alert_;
+    }
+
+    const std::vector<AlertContent>& read() const { return read_; }
+
+private:
+    QtAlert alert_;
+    std::vector<AlertContent> read_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, AlertContract, QtAlertWorld);
 
 /// Shows the failure, presses `key`, and tells whether that closed the box.
 bool closes(Qt::Key key) {
@@ -40,6 +81,24 @@ TEST(QtAlertTest, ShowsBothTextsAsTheyAreWithTheSignOfTheStyle) {
     EXPECT_EQ(texts, "Could not create file|The disk <b>x</b> is full.");
     EXPECT_EQ(icon, QMessageBox::Warning);
     EXPECT_EQ(format, Qt::PlainText);
+}
+
+TEST(QtAlertTest, IsModalWithTheKeyboardOnItsOnlyButton) {
+    bool isModal = false;
+    bool hasFocus = false;
+    bool keepsFocus = false;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        const auto* const button = box.button(QMessageBox::Ok);
+        isModal = box.isModal();
+        hasFocus = box.focusWidget() == button;
+        QTest::keyClick(&box, Qt::Key_Tab);
+        keepsFocus = box.focusWidget() == button;
+        box.accept();
+    });
+    QtAlert().runModal(failure);
+    EXPECT_TRUE(isModal);
+    EXPECT_TRUE(hasFocus);
+    EXPECT_TRUE(keepsFocus);
 }
 
 TEST(QtAlertTest, EnterAndEscapeTakeNote) {

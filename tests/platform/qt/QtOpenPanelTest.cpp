@@ -1,5 +1,6 @@
 #include "platform/qt/QtOpenPanel.h"
 
+#include "contract/OpenPanelContract.h"
 #include "platform/qt/Dialogs.h"
 #include "platform/qt/FolderDialog.h"
 #include "support/TemporaryFolder.h"
@@ -10,7 +11,9 @@
 #include <QAbstractItemView>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QTest>
 #include <QToolButton>
 
@@ -21,6 +24,79 @@ using Response = OpenPanelResult::Response;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
+
+QPushButton* acceptButton(const FolderDialog& dialog) {
+    for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons()) {
+        if (button->text() == "Allow") {
+            return qobject_cast<QPushButton*>(button);
+        }
+    }
+    return nullptr;
+}
+
+QAbstractItemView& view(const FolderDialog& dialog) {
+    return *dialog.findChild<QAbstractItemView*>("listView");
+}
+
+/// Waits until the folder is read, and gives the names shown.
+QStringList names(const FolderDialog& dialog) {
+    const auto& items = view(dialog);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return items.model()->rowCount(items.rootIndex()) > 0; }, 2000));
+    QStringList names;
+    for (int row = 0; row < items.model()->rowCount(items.rootIndex()); ++row) {
+        names << items.model()->index(row, 0, items.rootIndex()).data().toString();
+    }
+    return names;
+}
+
+void select(const FolderDialog& dialog, const QStringList& wanted) {
+    const auto shown = names(dialog);
+    for (const auto& name : wanted) {
+        view(dialog).selectionModel()->select(
+            view(dialog).model()->index(static_cast<int>(shown.indexOf(name)), 0,
+                                        view(dialog).rootIndex()),
+            QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+}
+
+/// A user of the panel, who works in its list of folders and presses its buttons.
+class QtOpenPanelWorld {
+public:
+    QtOpenPanelWorld() {
+        for (const auto& url : folders()) {
+            folder_.addFolder(url.lastPathComponent());
+        }
+    }
+
+    OpenPanel& panel() { return panel_; }
+
+    std::vector<FileUrl> folders() const {
+        return {folder_.at("apples"), folder_.at("pears"), folder_.at("plums")};
+    }
+
+    static void willChoose(const std::vector<FileUrl>& folders) {
+        whenShown<QDialog>([folders](QDialog& shown) {
+            const auto& dialog = static_cast<FolderDialog&>(shown);
+            QStringList wanted;
+            for (const auto& url : folders) {
+                wanted << QString::fromStdString(std::string(url.lastPathComponent()));
+            }
+            select(dialog, wanted);
+            acceptButton(dialog)->click();
+        });
+    }
+
+    static void willCancel() {
+        whenShown<QDialog>([](QDialog& shown) { QTest::keyClick(&shown, Qt::Key_Escape); });
+    }
+
+private:
+    TemporaryFolder folder_;
+    QtOpenPanel panel_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, OpenPanelContract, QtOpenPanelWorld);
 
 struct QtOpenPanelTest : testing::Test {
     QtOpenPanelTest() {
@@ -36,41 +112,6 @@ struct QtOpenPanelTest : testing::Test {
                 .prompt = "Allow",
                 .allowsMultipleSelection = true,
                 .directory = folder.url()};
-    }
-
-    static QPushButton* acceptButton(const FolderDialog& dialog) {
-        for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons()) {
-            if (button->text() == "Allow") {
-                return qobject_cast<QPushButton*>(button);
-            }
-        }
-        return nullptr;
-    }
-
-    static QAbstractItemView& view(const FolderDialog& dialog) {
-        return *dialog.findChild<QAbstractItemView*>("listView");
-    }
-
-    /// Waits until the folder is read, and gives the names shown.
-    static QStringList names(const FolderDialog& dialog) {
-        const auto& items = view(dialog);
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return items.model()->rowCount(items.rootIndex()) > 0; }, 2000));
-        QStringList names;
-        for (int row = 0; row < items.model()->rowCount(items.rootIndex()); ++row) {
-            names << items.model()->index(row, 0, items.rootIndex()).data().toString();
-        }
-        return names;
-    }
-
-    static void select(const FolderDialog& dialog, const QStringList& wanted) {
-        const auto shown = names(dialog);
-        for (const auto& name : wanted) {
-            view(dialog).selectionModel()->select(
-                view(dialog).model()->index(static_cast<int>(shown.indexOf(name)), 0,
-                                            view(dialog).rootIndex()),
-                QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        }
     }
 
     TemporaryFolder folder;
@@ -134,6 +175,48 @@ TEST_F(QtOpenPanelTest, WithoutASelectionTheShownFolderIsChosen) {
     const auto result = QtOpenPanel().runModal(configuration());
     EXPECT_EQ(result.response, Response::confirmed);
     EXPECT_THAT(result.urls, ElementsAre(folder.url()));
+}
+
+TEST_F(QtOpenPanelTest, TheKeyboardAloneReachesTheListAndBothButtons) {
+    QSet<QWidget*> reached;
+    QSet<QWidget*> wanted;
+    bool isModal = false;
+    whenShown<QDialog>([&](QDialog& shown) {
+        const auto& dialog = static_cast<FolderDialog&>(shown);
+        isModal = shown.isModal();
+        for (const auto* const name : {"listView", "treeView"}) {
+            if (auto* const list = dialog.findChild<QWidget*>(name); list->isVisible()) {
+                wanted << list;
+            }
+        }
+        for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons()) {
+            wanted << button;
+        }
+        names(dialog);
+        select(dialog, {"pears"}); // without a choice there is nothing to confirm
+        for (int press = 0; press < 20; ++press) {
+            reached << shown.focusWidget();
+            QTest::keyClick(shown.focusWidget(), Qt::Key_Tab);
+        }
+        shown.reject();
+    });
+    EXPECT_EQ(QtOpenPanel().runModal(configuration()).response, Response::cancelled);
+    EXPECT_TRUE(isModal);
+    EXPECT_EQ(wanted.size(), 3) << "one list and two buttons";
+    EXPECT_TRUE(reached.contains(wanted));
+}
+
+TEST_F(QtOpenPanelTest, ReturnConfirmsWhatIsTyped) {
+    whenShown<QDialog>([](QDialog& shown) {
+        names(static_cast<FolderDialog&>(shown));
+        auto* const field = shown.findChild<QLineEdit*>("fileNameEdit");
+        field->setFocus();
+        QTest::keyClicks(field, "pears");
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    const auto result = QtOpenPanel().runModal(configuration());
+    EXPECT_EQ(result.response, Response::confirmed);
+    EXPECT_THAT(result.urls, ElementsAre(folder.at("pears")));
 }
 
 TEST_F(QtOpenPanelTest, EscapeCancels) {
