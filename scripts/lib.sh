@@ -15,6 +15,7 @@ test_packages=(libgtest-dev libgmock-dev
     # the desktop and its file managers
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
     dbus-daemon xfconf libglib2.0-bin xfce4-panel
+    xdg-desktop-portal
     nautilus thunar dolphin nemo)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)

@@ -6,23 +6,28 @@
 
 namespace blankwell {
 
+class AppSettings;
 class Environment;
 class Log;
 
-/// The hot keys of the desktop that the application runs on, served by Qt's event loop. Where the
-/// desktop gives no keys away, registrations fail with a status.
+/// The hot keys of the desktop that the application runs on, served by Qt's event loop: key grabs
+/// on an X server, shortcuts of the desktop's portal in a Wayland session. Where the desktop gives
+/// no keys away, registrations fail with a status. What becomes of a hot key after its registration
+/// is logged.
 class HotKeys {
 public:
-    /// `log` must outlive this object.
-    HotKeys(const Environment& environment, Log& log);
+    /// `settings` say what each hot key does. Both must outlive this object.
+    HotKeys(const Environment& environment, const AppSettings& settings, Log& log);
     ~HotKeys();
 
     [[nodiscard]] HotKeyService& service();
 
 private:
     struct FromXServer;
+    struct FromPortal;
 
     std::unique_ptr<FromXServer> fromXServer_;
+    std::unique_ptr<FromPortal> fromPortal_;
     UnavailableHotKeyService unavailable_;
 };
 
