@@ -142,17 +142,25 @@ TEST_F(PortalHotKeyServiceTest, WhatIsRegisteredTogetherIsOneSet) {
 TEST_F(PortalHotKeyServiceTest, AnotherSetTakesAnotherSessionAndTheOldOneIsClosed) {
     start();
     takeOne();
-    const auto first = portal->session;
     ASSERT_TRUE(ours->take(keyM, 2));
     EXPECT_TRUE(isGiven(3));
-    EXPECT_NE(portal->session, first);
-    EXPECT_THAT(portal->closed, ElementsAre(first));
+    EXPECT_EQ(portal->sessions, 2);
+    EXPECT_THAT(portal->closed, ElementsAre(portal->session));
     EXPECT_THAT(portal->bound, SizeIs(2));
-
-    portal->activate(first, "CTRL+ALT+n");
     portal->activate("CTRL+ALT+m");
     EXPECT_TRUE(becomes([&] { return !ours->pressed.empty(); }));
     EXPECT_THAT(ours->pressed, ElementsAre(2));
+}
+
+TEST_F(PortalHotKeyServiceTest, EverySessionHasTheSameNameAndIsCreatedWithItsShortcuts) {
+    start();
+    takeOne();
+    const auto first = portal->session;
+    EXPECT_EQ(portal->created, portal->bound);
+    ASSERT_TRUE(ours->take(keyM, 2));
+    EXPECT_TRUE(isGiven(3));
+    EXPECT_EQ(portal->session, first);
+    EXPECT_EQ(portal->created, portal->bound);
 }
 
 TEST_F(PortalHotKeyServiceTest, TheSameSetAnewAsksNothing) {

@@ -3,6 +3,7 @@
 #include <systemd/sd-bus.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -11,19 +12,31 @@ constexpr auto portalName = "org.freedesktop.portal.Desktop";
 constexpr auto portalPath = "/org/freedesktop/portal/desktop";
 constexpr auto shortcutsInterface = "org.freedesktop.portal.GlobalShortcuts";
 
-std::map<std::string, std::string> readStrings(sd_bus_message* message) {
-    std::map<std::string, std::string> values;
+/// Options, type `a{sv}`: the texts, and the shortcuts where there are any.
+struct Options {
+    std::map<std::string, std::string> texts;
+    BoundShortcuts shortcuts;
+};
+
+Options readOptions(sd_bus_message* message) {
+    Options options;
     require(sd_bus_message_enter_container(message, 'a', "{sv}"), "no dictionary");
     while (sd_bus_message_enter_container(message, 'e', "sv") > 0) {
         const char* key = nullptr;
         const char* value = nullptr;
         require(sd_bus_message_read(message, "s", &key), "no key");
-        require(sd_bus_message_read(message, "v", "s", &value), "no text");
-        values.emplace(key, value);
+        if (key == std::string("shortcuts")) {
+            require(sd_bus_message_enter_container(message, 'v', "a(sa{sv})"), "no shortcuts");
+            options.shortcuts = readBoundShortcuts(message);
+            sd_bus_message_exit_container(message);
+        } else {
+            require(sd_bus_message_read(message, "v", "s", &value), "no text");
+            options.texts.emplace(key, value);
+        }
         sd_bus_message_exit_container(message);
     }
     sd_bus_message_exit_container(message);
-    return values;
+    return options;
 }
 
 } // namespace
@@ -34,7 +47,7 @@ BoundShortcuts readBoundShortcuts(sd_bus_message* call) {
     while (sd_bus_message_enter_container(call, 'r', "sa{sv}") > 0) {
         const char* id = nullptr;
         require(sd_bus_message_read(call, "s", &id), "no id");
-        bound.emplace(id, readStrings(call));
+        bound.emplace(id, readOptions(call).texts);
         sd_bus_message_exit_container(call);
     }
     sd_bus_message_exit_container(call);
@@ -82,7 +95,7 @@ void ScriptedPortal::changeShortcuts(const std::map<std::string, std::string>& g
 void ScriptedPortal::respondToBind() {
     std::map<std::string, std::string> given;
     for (const auto& [id, properties] : bound) {
-        if (!leftOut.contains(id)) {
+        if (created.contains(id) && !leftOut.contains(id)) {
             const auto trigger = triggers.find(id);
             given.emplace(id, trigger == triggers.end() ? "Key " + id : trigger->second);
         }
@@ -106,6 +119,7 @@ void ScriptedPortal::handle(sd_bus_message* call) {
         bind(call);
     } else if (member == "Close") {
         closed.emplace_back(sd_bus_message_get_path(call));
+        isOpen_ = isOpen_ && closed.back() != session;
     } else {
         sd_bus_reply_method_errorf(call, SD_BUS_ERROR_UNKNOWN_METHOD, "%s", member.c_str());
     }
@@ -123,9 +137,12 @@ void ScriptedPortal::answerVersion(sd_bus_message* call) const {
 
 void ScriptedPortal::create(sd_bus_message* call) {
     ++sessions;
-    const auto options = readStrings(call);
-    session = objectOf("session", options.at("session_handle_token"));
-    if (beginRequest(call, toCreate, options.at("handle_token"))) {
+    const auto options = readOptions(call);
+    session = objectOf("session", options.texts.at("session_handle_token"));
+    created = options.shortcuts;
+    if (std::exchange(isOpen_, true)) {
+        sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "The session exists");
+    } else if (beginRequest(call, toCreate, options.texts.at("handle_token"))) {
         respond(toCreate, "session_handle", [&](auto* response) {
             sd_bus_message_append(response, "v", "s", session.c_str());
         });
@@ -141,7 +158,7 @@ void ScriptedPortal::bind(sd_bus_message* call) {
     require(sd_bus_message_read(call, "s", &window), "no window");
     if (ofSession != session) {
         sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "Unknown session");
-    } else if (beginRequest(call, toBind, readStrings(call).at("handle_token"))) {
+    } else if (beginRequest(call, toBind, readOptions(call).texts.at("handle_token"))) {
         respondToBind();
     }
 }

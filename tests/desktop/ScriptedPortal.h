@@ -20,7 +20,8 @@ BoundShortcuts readBoundShortcuts(sd_bus_message* call);
 /// Appends type `a(sa{sv})`: each id with the description of its trigger.
 void appendGivenShortcuts(sd_bus_message* message, const std::map<std::string, std::string>& given);
 
-/// The desktop's portal, as far as global shortcuts go, answering as a test says.
+/// The desktop's portal, as far as global shortcuts go, answering as a test says. As KDE's, it
+/// gives only shortcuts that the session was created with.
 class ScriptedPortal {
 public:
     enum class Answer {
@@ -74,6 +75,8 @@ public:
 
     /// The last session; empty before there was one.
     std::string session;
+    /// What the last session was created with.
+    BoundShortcuts created;
     /// The name on the bus of the program that asked last.
     std::string program;
     /// What was asked for last.
@@ -95,6 +98,7 @@ private:
     [[nodiscard]] std::string objectOf(const char* kind, const std::string& token) const;
 
     std::string request_;
+    bool isOpen_ = false;
     BusPeer peer_;
 };
 

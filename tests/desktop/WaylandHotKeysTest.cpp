@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <functional>
 
 namespace blankwell {
@@ -57,12 +58,16 @@ TEST_F(WaylandHotKeysTest, NoKeyIsTakenFromTheXServer) {
 
 TEST_F(WaylandHotKeysTest, AChangeOfTheSettingsIsAnotherSet) {
     ASSERT_TRUE(becomes([&] { return portal.bindings == 1; }));
-    makeSettings("BLNKWLPLUS.app.blankwell.BlankwellPlus.plist",
-                 R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
-                 "<key>enabledFileTypeIDs</key><array><string>md</string></array>"
-                 "<key>fileTypeShortcuts</key><data>"
-                 "eyJtZCI6eyJrZXlDb2RlIjo0NiwiY2FyYm9uTW9kaWZpZXJzIjo2MTQ0fX0="
-                 "</data></dict></plist>");
+    makeSettings("new", R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
+                        "<key>enabledFileTypeIDs</key><array><string>md</string></array>"
+                        "<key>fileTypeShortcuts</key><data>"
+                        "eyJtZCI6eyJrZXlDb2RlIjo0NiwiY2FyYm9uTW9kaWZpZXJzIjo2MTQ0fX0="
+                        "</data></dict></plist>");
+    // In one step, as settings are stored: half a file would be read as a damaged one.
+    const auto folder = desktopHome().appending(".config");
+    std::filesystem::rename(
+        folder.appending("new").path(),
+        folder.appending("BLNKWLPLUS.app.blankwell.BlankwellPlus.plist").path());
     EXPECT_TRUE(becomes([&] { return portal.bound.contains("CTRL+ALT+m"); }));
     EXPECT_EQ(portal.bound["CTRL+ALT+m"]["description"], "Create Markdown File");
     EXPECT_THAT(portal.closed, testing::Not(testing::IsEmpty()));

@@ -21,6 +21,9 @@ constexpr auto shortcutsInterface = "org.freedesktop.portal.GlobalShortcuts";
 constexpr auto requestInterface = "org.freedesktop.portal.Request";
 constexpr auto sessionInterface = "org.freedesktop.portal.Session";
 
+/// The same in every session: KDE remembers the user's choice of keys by it.
+constexpr auto sessionToken = "BlankwellPlus";
+
 /// In the place of the window that the portal's dialogs belong to.
 constexpr auto noWindow = "";
 
@@ -145,9 +148,11 @@ void GlobalShortcutsPortal::createSession() {
         return;
     }
     const auto token = nextToken();
-    appendOptions(*message, {{"handle_token", token}, {"session_handle_token", token}});
+    // KDE's portal of Plasma 5.27 makes shortcuts only of those that the session is created with.
+    appendSessionOptions(
+        *message, {{"handle_token", token}, {"session_handle_token", sessionToken}}, wanted_);
     state_ = Creating{.request = objectOf("request", token),
-                      .session = objectOf("session", token),
+                      .session = objectOf("session", sessionToken),
                       .deadline = Deadline(patience)};
     bus_.wakeUpAfter(patience);
     callForRequest<Creating>(*message);

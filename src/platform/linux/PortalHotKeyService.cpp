@@ -124,6 +124,7 @@ void PortalHotKeyService::handleFailure(HotKeyStatus status) {
 
 std::vector<PortalShortcut> PortalHotKeyService::shortcuts() const {
     std::vector<PortalShortcut> shortcuts;
+    shortcuts.reserve(hotKeys_.size());
     for (const auto& [trigger, hotKey] : hotKeys_) {
         shortcuts.push_back(
             {.id = trigger, .description = describe_(hotKey.combination), .trigger = trigger});

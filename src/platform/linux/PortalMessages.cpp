@@ -103,6 +103,21 @@ void appendOptions(BusMessage& message, const std::map<std::string, std::string>
     sd_bus_message_close_container(message.get());
 }
 
+void appendSessionOptions(BusMessage& message, const std::map<std::string, std::string>& options,
+                          const std::vector<PortalShortcut>& shortcuts) {
+    sd_bus_message_open_container(message.get(), SD_BUS_TYPE_ARRAY, "{sv}");
+    for (const auto& [key, value] : options) {
+        appendEntry(message, key, value);
+    }
+    sd_bus_message_open_container(message.get(), SD_BUS_TYPE_DICT_ENTRY, "sv");
+    message.append("shortcuts");
+    sd_bus_message_open_container(message.get(), SD_BUS_TYPE_VARIANT, "a(sa{sv})");
+    appendShortcuts(message, shortcuts);
+    sd_bus_message_close_container(message.get());
+    sd_bus_message_close_container(message.get());
+    sd_bus_message_close_container(message.get());
+}
+
 void appendShortcuts(BusMessage& message, const std::vector<PortalShortcut>& shortcuts) {
     sd_bus_message_open_container(message.get(), SD_BUS_TYPE_ARRAY, "(sa{sv})");
     for (const auto& shortcut : shortcuts) {

@@ -35,6 +35,10 @@ void appendPath(BusMessage& message, const std::string& path);
 /// Appends options, type `a{sv}`, whose values are strings.
 void appendOptions(BusMessage& message, const std::map<std::string, std::string>& options);
 
+/// Appends options for a session that is to hold `shortcuts`.
+void appendSessionOptions(BusMessage& message, const std::map<std::string, std::string>& options,
+                          const std::vector<PortalShortcut>& shortcuts);
+
 /// Appends type `a(sa{sv})`.
 void appendShortcuts(BusMessage& message, const std::vector<PortalShortcut>& shortcuts);
 
