@@ -43,6 +43,9 @@ public:
     /// for an event that is dealt with.
     using Handler = std::function<HotKeyStatus(const HotKeyEvent&)>;
 
+    /// Told which hot key is lost, and the status that says why.
+    using LossHandler = std::function<void(EventHotKeyID, HotKeyStatus)>;
+
     enum class HandlerReference : std::uint64_t {};
     enum class HotKeyReference : std::uint64_t {};
 
@@ -62,6 +65,11 @@ public:
 
     /// Gives the key back. A press that arrives after this call reaches no handler.
     virtual HotKeyStatus unregisterHotKey(HotKeyReference hotKey) = 0;
+
+    /// Sets what is told of each hot key that works no more though nobody gave it back; it is
+    /// registered no more. Replaces the previous one. A service that keeps what it has registered
+    /// never calls it.
+    virtual void onLoss(LossHandler /*handler*/) {}
 };
 
 } // namespace blankwell

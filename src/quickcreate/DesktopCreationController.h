@@ -81,13 +81,15 @@ public:
     /// Gives all hot keys back, follows the settings no longer, and hides the panel.
     void stop();
 
-    /// Registers what the settings say now in place of what is registered. While started, only
-    /// needed after `unregisterHotKeys`.
+    /// Registers what the settings say now in place of what is registered.
     void registerHotKeys();
 
-    /// Gives all hot keys back until they are registered again, so that a key press can be recorded
-    /// that is one of them.
-    void unregisterHotKeys() { hotKeyManager_.unregisterAll(); }
+    /// Gives all hot keys back as long as the returned value lasts, so that a key press can be
+    /// recorded that is one of them. Meanwhile changes of the settings wait.
+    Subscription suspendHotKeys() { return hotKeyManager_.suspend(); }
+
+    /// The shortcuts of the settings that do not work, and why.
+    [[nodiscard]] Published<HotKeyFailures>& hotKeyFailures() { return hotKeyManager_.failures; }
 
     /// Makes the panel ahead of its first use, so that showing it takes no longer then than later.
     void prepareQuickCreatePanel();

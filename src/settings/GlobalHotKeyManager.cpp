@@ -24,13 +24,17 @@ constexpr std::uint32_t firstFileTypeID = 100;
 
 GlobalHotKeyManager::GlobalHotKeyManager(HotKeyService& service, MainQueue& mainQueue, Log& log,
                                          Dispatch dispatch)
-    : service_(service),
+    : failures(willChange_, {}),
+      service_(service),
       mainQueue_(mainQueue),
       dispatch_(std::make_shared<Dispatch>(std::move(dispatch))),
-      logger_(log, "GlobalHotKey") {}
+      logger_(log, "GlobalHotKey") {
+    service_.onLoss([this](EventHotKeyID hotKey, HotKeyStatus status) { lose(hotKey, status); });
+}
 
 GlobalHotKeyManager::~GlobalHotKeyManager() {
-    unregisterAll();
+    releaseAll();
+    service_.onLoss([](auto...) {});
     if (eventHandlerRef_) {
         service_.removeHandler(*eventHandlerRef_);
     }
@@ -39,20 +43,51 @@ GlobalHotKeyManager::~GlobalHotKeyManager() {
 void GlobalHotKeyManager::registerShortcuts(
     const QuickCreateShortcut& quickCreate,
     const std::map<std::string, QuickCreateShortcut>& fileTypeShortcuts) {
-    unregisterAll();
-    if (!installHandler()) {
-        return;
-    }
-    Shortcuts taken;
-    registerShortcut(quickCreate, quickCreateID, {HotKeyAction::QuickCreate{}}, taken);
-    auto id = firstFileTypeID;
-    for (const auto& [fileTypeID, shortcut] : fileTypeShortcuts) {
-        registerShortcut(shortcut, id, {HotKeyAction::CreateFile{fileTypeID}}, taken);
-        ++id;
+    wanted_ = {.quickCreate = quickCreate, .fileTypes = fileTypeShortcuts};
+    if (suspensions_ == 0) {
+        registerWanted();
     }
 }
 
 void GlobalHotKeyManager::unregisterAll() {
+    wanted_.reset();
+    releaseAll();
+    publish({});
+}
+
+Subscription GlobalHotKeyManager::suspend() {
+    ++suspensions_;
+    releaseAll();
+    // The dispatch is there as long as this object is.
+    return Subscription([this, weak = std::weak_ptr(dispatch_)] {
+        if (!weak.expired()) {
+            resume();
+        }
+    });
+}
+
+void GlobalHotKeyManager::resume() {
+    if (--suspensions_ == 0 && wanted_) {
+        registerWanted();
+    }
+}
+
+void GlobalHotKeyManager::registerWanted() {
+    releaseAll();
+    Attempt attempt;
+    if (installHandler()) {
+        registerShortcut(wanted_->quickCreate, quickCreateID, {HotKeyAction::QuickCreate{}},
+                         attempt);
+        auto id = firstFileTypeID;
+        for (const auto& [fileTypeID, shortcut] : wanted_->fileTypes) {
+            registerShortcut(shortcut, id, {HotKeyAction::CreateFile{fileTypeID}}, attempt);
+            ++id;
+        }
+    }
+    publish(std::move(attempt.failures));
+}
+
+void GlobalHotKeyManager::releaseAll() {
     for (const auto& [id, reference] : hotKeyRefs_) {
         // A key that cannot be given back is lost to us in any case.
         (void)service_.unregisterHotKey(reference);
@@ -76,12 +111,12 @@ bool GlobalHotKeyManager::installHandler() {
 }
 
 void GlobalHotKeyManager::registerShortcut(const QuickCreateShortcut& shortcut, std::uint32_t id,
-                                           HotKeyAction action, Shortcuts& taken) {
+                                           HotKeyAction action, Attempt& attempt) {
     if (!shortcut.isUsable()) {
         return;
     }
     const auto name = shortcut.displayString();
-    if (!taken.insert(shortcut).second) {
+    if (!attempt.taken.insert(shortcut).second) {
         logger_.error("Skipping duplicate {} hot key", name);
         return;
     }
@@ -89,11 +124,31 @@ void GlobalHotKeyManager::registerShortcut(const QuickCreateShortcut& shortcut, 
                                                    {.signature = signature, .id = id});
     if (!reference) {
         logger_.error("Failed to register {} hot key: {}", name, reference.error());
+        attempt.failures.add(action, reference.error());
         return;
     }
     hotKeyRefs_.emplace(id, *reference);
     actionsByID_.emplace(id, std::move(action));
     logger_.notice("Registered {} hot key", name);
+}
+
+void GlobalHotKeyManager::publish(HotKeyFailures newFailures) {
+    if (newFailures != failures.get()) {
+        failures.set(std::move(newFailures));
+    }
+}
+
+void GlobalHotKeyManager::lose(EventHotKeyID hotKey, HotKeyStatus status) {
+    const auto action = actionsByID_.find(hotKey.id);
+    if (hotKey.signature != signature || action == actionsByID_.end()) {
+        return;
+    }
+    logger_.error("Lost hot key {}: {}", hotKey.id, status);
+    auto newFailures = failures.get();
+    newFailures.add(action->second, status);
+    hotKeyRefs_.erase(hotKey.id);
+    actionsByID_.erase(action);
+    publish(std::move(newFailures));
 }
 
 HotKeyStatus GlobalHotKeyManager::handle(const HotKeyEvent& event) {

@@ -339,12 +339,23 @@ TEST_F(DesktopCreationControllerTest, AfterTheStopNoKeyIsHeldAndNothingFollowsTh
     EXPECT_EQ(registrationsIn([&] { settings.setEnabled(false, "md"); }), 0);
 }
 
-TEST_F(DesktopCreationControllerTest, KeysAreGivenBackWhileOneIsRecorded) {
+TEST_F(DesktopCreationControllerTest, KeysAreGivenBackWhileOneIsRecordedWhateverIsSet) {
     controller.start();
-    controller.unregisterHotKeys();
-    EXPECT_THAT(hotKeys.registered, IsEmpty());
-    controller.registerHotKeys();
-    EXPECT_THAT(hotKeys.registeredIDs(), ElementsAre(1U));
+    {
+        const auto suspension = controller.suspendHotKeys();
+        settings.setShortcut(commandJ, "md");
+        mainQueue.run();
+        EXPECT_THAT(hotKeys.registered, IsEmpty());
+    }
+    EXPECT_THAT(hotKeys.registeredIDs(), ElementsAre(1U, 100U));
+}
+
+TEST_F(DesktopCreationControllerTest, TellsWhichShortcutsCouldNotBeRegistered) {
+    hotKeys.failures[{commandJ.keyCode, commandJ.carbonModifiers}] = eventHotKeyExistsErr;
+    settings.setShortcut(commandJ, "md");
+    controller.start();
+    EXPECT_EQ(controller.hotKeyFailures().get(),
+              (HotKeyFailures{.fileTypes = {{"md", eventHotKeyExistsErr}}}));
 }
 
 TEST_F(DesktopCreationControllerTest, TheMainWindowComesUpByTheActionIfThereIsOne) {

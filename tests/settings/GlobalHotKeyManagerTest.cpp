@@ -190,6 +190,110 @@ TEST_F(GlobalHotKeyManagerTest, AForeignPressIsIgnoredAndReportedHandled) {
     EXPECT_THAT(dispatched, IsEmpty());
 }
 
+TEST_F(GlobalHotKeyManagerTest, WhatTheSystemRefusesIsPublishedUntilItIsRegistered) {
+    service.failures = {{{45, 0x1800}, -9878}, {{38, 0x100}, 1003}};
+    manager->registerShortcuts(controlOptionN, {{"css", commandJ}, {"md", commandK}});
+    EXPECT_EQ(manager->failures.get(),
+              (HotKeyFailures{.quickCreate = -9878, .fileTypes = {{"css", 1003}}}));
+    service.failures.clear();
+    manager->registerShortcuts(controlOptionN, {{"css", commandJ}, {"md", commandK}});
+    EXPECT_EQ(manager->failures.get(), HotKeyFailures{});
+}
+
+TEST_F(GlobalHotKeyManagerTest, DuplicatesAndUnusableShortcutsAreNoFailures) {
+    manager->registerShortcuts(controlOptionN, {{"css", controlOptionN}, {"md", {1, 0}}});
+    EXPECT_EQ(manager->failures.get(), HotKeyFailures{});
+}
+
+TEST_F(GlobalHotKeyManagerTest, FailuresAreAnnouncedWhenTheyChangeOnly) {
+    std::vector<HotKeyFailures> heard;
+    const auto subscription =
+        manager->failures.observeChanges([&](const HotKeyFailures& now) { heard.push_back(now); });
+    manager->registerShortcuts(controlOptionN, {});
+    EXPECT_THAT(heard, IsEmpty());
+    service.failures[{45, 0x1800}] = -9878;
+    manager->registerShortcuts(controlOptionN, {});
+    manager->registerShortcuts(controlOptionN, {});
+    EXPECT_THAT(heard, ElementsAre(HotKeyFailures{.quickCreate = -9878}));
+    manager->unregisterAll();
+    EXPECT_THAT(heard, ElementsAre(HotKeyFailures{.quickCreate = -9878}, HotKeyFailures{}));
+}
+
+TEST_F(GlobalHotKeyManagerTest, AHotKeyThatIsLostIsLoggedAndPublishedAndTheOthersWork) {
+    manager->registerShortcuts(controlOptionN, {{"css", commandJ}, {"md", commandK}});
+    service.lose({38, 0x100}, 1004);
+    EXPECT_EQ(log.lines.back(), failed("Lost hot key 100: 1004"));
+    EXPECT_EQ(manager->failures.get(), (HotKeyFailures{.fileTypes = {{"css", 1004}}}));
+    press(commandK);
+    EXPECT_THAT(dispatched, SizeIs(1));
+    service.unregistrations = 0;
+    manager->unregisterAll();
+    EXPECT_EQ(service.unregistrations, 2) << "what is lost is not given back";
+}
+
+TEST_F(GlobalHotKeyManagerTest, ALossOfAnothersHotKeyIsIgnored) {
+    manager->registerShortcuts(controlOptionN, {});
+    service.lossHandler({ourSignature + 1, 1}, 1004);
+    service.lossHandler({ourSignature, 2}, 1004);
+    EXPECT_EQ(manager->failures.get(), HotKeyFailures{});
+}
+
+TEST_F(GlobalHotKeyManagerTest, WhileSuspendedNoKeyIsTaken) {
+    manager->registerShortcuts(controlOptionN, {{"md", commandJ}});
+    {
+        const auto outer = manager->suspend();
+        {
+            const auto inner = manager->suspend();
+            EXPECT_THAT(service.registered, IsEmpty());
+        }
+        EXPECT_THAT(service.registered, IsEmpty()) << "the outer suspension goes on";
+        press(commandJ);
+        EXPECT_THAT(dispatched, IsEmpty());
+    }
+    EXPECT_THAT(service.registeredIDs(), ElementsAre(1U, 100U));
+    press(commandJ);
+    EXPECT_THAT(dispatched, SizeIs(1));
+}
+
+TEST_F(GlobalHotKeyManagerTest, WhatIsGivenDuringASuspensionIsRegisteredAtItsEnd) {
+    manager->registerShortcuts(controlOptionN, {{"md", commandJ}});
+    {
+        const auto suspension = manager->suspend();
+        manager->registerShortcuts(commandK, {});
+        manager->registerShortcuts(commandL, {});
+        EXPECT_THAT(service.registered, IsEmpty());
+    }
+    ASSERT_EQ(service.registered.size(), 1U);
+    EXPECT_EQ(service.registered[0].combination, (FakeHotKeyService::Combination{37, 0x100}));
+}
+
+TEST_F(GlobalHotKeyManagerTest, WhatSomebodyTookDuringASuspensionIsAFailureAfterIt) {
+    manager->registerShortcuts(controlOptionN, {{"md", commandJ}});
+    {
+        const auto suspension = manager->suspend();
+        service.failures[{38, 0x100}] = -9878;
+    }
+    EXPECT_THAT(service.registeredIDs(), ElementsAre(1U));
+    EXPECT_EQ(manager->failures.get(), (HotKeyFailures{.fileTypes = {{"md", -9878}}}));
+}
+
+TEST_F(GlobalHotKeyManagerTest, WhatIsGivenUpDuringASuspensionStaysGivenUp) {
+    manager->registerShortcuts(controlOptionN, {});
+    {
+        const auto suspension = manager->suspend();
+        manager->unregisterAll();
+    }
+    EXPECT_THAT(service.registered, IsEmpty());
+}
+
+TEST_F(GlobalHotKeyManagerTest, ASuspensionMayOutliveTheManager) {
+    manager->registerShortcuts(controlOptionN, {});
+    auto suspension = manager->suspend();
+    manager.reset();
+    suspension.end();
+    EXPECT_THAT(service.registered, IsEmpty());
+}
+
 TEST_F(GlobalHotKeyManagerTest, DestroyingGivesBackKeysAndHandlerAndDropsWhatWaits) {
     manager->registerShortcuts(controlOptionN, {{"md", commandJ}});
     EXPECT_EQ(service.press(38, 0x100), noErr);

@@ -66,6 +66,16 @@ public:
         return reference;
     }
 
+    void onLoss(LossHandler handler) override { lossHandler = std::move(handler); }
+
+    /// Takes a registered hot key away as the desktop may at any time.
+    void lose(Combination combination, HotKeyStatus status) {
+        const auto id = find(combination)->id;
+        std::erase_if(registered,
+                      [&](const Registered& one) { return one.combination == combination; });
+        lossHandler(id, status);
+    }
+
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override {
         ++unregistrations;
         const auto erased = std::erase_if(
@@ -98,6 +108,7 @@ public:
     }
 
     std::map<HandlerReference, Handler> handlers;
+    LossHandler lossHandler = [](auto...) {};
     std::vector<Registered> registered;
     HotKeyStatus failInstallationWith = noErr;
     /// The status of each combination that cannot be registered.

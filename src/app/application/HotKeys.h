@@ -7,14 +7,12 @@
 namespace blankwell {
 
 class Environment;
-class Log;
 
 /// The hot keys of the desktop that the application runs on, served by Qt's event loop. Where the
 /// desktop gives no keys away, registrations fail with a status.
 class HotKeys {
 public:
-    /// `log` must outlive this object.
-    HotKeys(const Environment& environment, Log& log);
+    explicit HotKeys(const Environment& environment);
     ~HotKeys();
 
     [[nodiscard]] HotKeyService& service();

@@ -58,9 +58,6 @@ X11HotKeyService::registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModi
     if (const auto status = take(combination); status != noErr) {
         return std::unexpected(status);
     }
-    if (suspensions_ > 0) {
-        keys_->release(combination);
-    }
     const auto reference = HotKeyReference{++lastReference_};
     hotKeys_.emplace(reference, HotKey{.combination = combination, .id = id});
     return reference;
@@ -76,13 +73,6 @@ HotKeyStatus X11HotKeyService::unregisterHotKey(HotKeyReference hotKey) {
     }
     hotKeys_.erase(found);
     return noErr;
-}
-
-Subscription X11HotKeyService::suspend() {
-    if (suspensions_++ == 0 && keys_) {
-        keys_->releaseAll();
-    }
-    return Subscription([this] { resume(); });
 }
 
 void X11HotKeyService::processEvents() {
@@ -153,14 +143,8 @@ void X11HotKeyService::handlePress(const KeyCombination& combination) {
 }
 
 void X11HotKeyService::handleMapChange() {
-    if (keys_ && keys_->readMap() && suspensions_ == 0) {
+    if (keys_ && keys_->readMap()) {
         keys_->releaseAll();
-        takeAll();
-    }
-}
-
-void X11HotKeyService::resume() {
-    if (--suspensions_ == 0) {
         takeAll();
     }
 }

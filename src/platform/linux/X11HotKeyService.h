@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/Subscription.h"
 #include "platform/HotKeyService.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/X11GlobalKeys.h"
@@ -24,8 +23,6 @@ namespace blankwell {
 /// one of its handlers.
 class X11HotKeyService : public HotKeyService {
 public:
-    using LossHandler = std::function<void(const EventHotKeyID&, HotKeyStatus)>;
-
     /// Connects to `display`, or where that is empty to what `DISPLAY` names. Without an X server
     /// there, every registration fails.
     explicit X11HotKeyService(const std::string& display = "");
@@ -36,12 +33,7 @@ public:
     registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers, EventHotKeyID id) override;
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override;
 
-    /// Sets what is told of each hot key that is lost, and why. Replaces the previous one.
-    void onLoss(LossHandler handler) { lossHandler_ = std::move(handler); }
-
-    /// Gives every key back, so that a shortcut can be recorded, and takes them again when the last
-    /// suspension ends; what somebody else took meanwhile is lost. Must end before this object.
-    [[nodiscard]] Subscription suspend();
+    void onLoss(LossHandler handler) override { lossHandler_ = std::move(handler); }
 
     /// Readable, and stays so, while there is something for `processEvents()`. Belongs to this
     /// object.
@@ -69,7 +61,6 @@ private:
     [[nodiscard]] Then handleEvents();
     void handlePress(const KeyCombination& combination);
     void handleMapChange();
-    void resume();
     void takeAll();
     void loseAll();
 
@@ -80,7 +71,6 @@ private:
     std::map<HandlerReference, Handler> handlers_;
     HotKeys hotKeys_;
     LossHandler lossHandler_ = [](const auto&...) {};
-    int suspensions_ = 0;
     std::uint64_t lastReference_ = 0;
 };
 
