@@ -96,9 +96,11 @@ QRectF qRect(const Rect& rect) {
 /// The font of the text, smaller where that is too wide.
 QFont fitting(const QString& text, double width) {
     auto font = fontOf(TextStyle::monospaced);
-    const auto needed = QFontMetricsF(font).horizontalAdvance(text);
-    if (needed > width) {
-        font.setPointSizeF(font.pointSizeF() * width / needed);
+    constexpr double step = 0.25;
+    constexpr double smallest = 6;
+    // Step by step: glyphs are not in proportion to their size.
+    while (QFontMetricsF(font).horizontalAdvance(text) > width && font.pointSizeF() > smallest) {
+        font.setPointSizeF(font.pointSizeF() - step);
     }
     return font;
 }
