@@ -37,6 +37,7 @@ struct FolderAccessSetupTexts {
     std::string_view title;
     /// Of the icon button in each row, title and tooltip in one.
     std::string_view forget;
+    std::string_view forgetSymbol;
 
     friend bool operator==(const FolderAccessSetupTexts&, const FolderAccessSetupTexts&) = default;
 };
@@ -45,6 +46,7 @@ inline constexpr FolderAccessSetupTexts folderAccessSetupTexts{
     .symbol = "folder.badge.gearshape",
     .title = "Folder Access",
     .forget = "Forget Access",
+    .forgetSymbol = "xmark.circle",
 };
 
 /// A granted folder as the user sees it.

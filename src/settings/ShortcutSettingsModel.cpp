@@ -2,19 +2,14 @@
 
 #include "filetypes/FileTypeDefinition.h"
 #include "settings/AppSettings.h"
+#include "settings/HotKeyFailures.h"
 
 #include <fmt/format.h>
-
-#include <algorithm>
 
 namespace blankwell {
 namespace {
 
 constexpr std::string_view notRegistered = "Could not be registered";
-
-bool contains(const FailedHotKeys& failed, const HotKeyAction& action) {
-    return std::ranges::find(failed, action) != failed.end();
-}
 
 ShortcutCaption warning(std::string text) {
     return {.text = std::move(text), .color = ColorRole::red};
@@ -23,13 +18,13 @@ ShortcutCaption warning(std::string text) {
 } // namespace
 
 std::optional<ShortcutCaption>
-ShortcutSettingsModel::quickCreateWarning(const FailedHotKeys& failed) const {
+ShortcutSettingsModel::quickCreateWarning(const HotKeyFailures& failures) const {
     for (const auto& type : settings_.orderedFileTypes()) {
         if (shortcutOf(type.id) == settings_.quickCreateShortcut.get()) {
             return warning(fmt::format("Conflicts with {}", type.displayName));
         }
     }
-    if (contains(failed, {HotKeyAction::QuickCreate{}})) {
+    if (failures.quickCreate) {
         return warning(std::string(notRegistered));
     }
     return std::nullopt;
@@ -56,7 +51,7 @@ void ShortcutSettingsModel::setDestination(CreationDestinationMode mode) {
 }
 
 std::vector<DirectShortcutRowContent>
-ShortcutSettingsModel::rows(const FailedHotKeys& failed) const {
+ShortcutSettingsModel::rows(const HotKeyFailures& failures) const {
     std::vector<DirectShortcutRowContent> rows;
     for (const auto& type : settings_.orderedFileTypes()) {
         const auto shortcut = shortcutOf(type.id);
@@ -64,7 +59,7 @@ ShortcutSettingsModel::rows(const FailedHotKeys& failed) const {
             .fileTypeID = type.id,
             .symbol = type.sfSymbolName,
             .title = type.displayName,
-            .caption = caption(type, failed),
+            .caption = caption(type, failures),
             .shortcut = shortcut,
             .clearHelp = fmt::format("Clear {} shortcut", type.displayName),
             .isClearEnabled = shortcut.has_value(),
@@ -85,7 +80,7 @@ std::optional<QuickCreateShortcut> ShortcutSettingsModel::shortcutOf(const std::
 }
 
 ShortcutCaption ShortcutSettingsModel::caption(const FileTypeDefinition& type,
-                                               const FailedHotKeys& failed) const {
+                                               const HotKeyFailures& failures) const {
     if (!settings_.enabledFileTypeIDs.get().contains(type.id)) {
         return {.text = fmt::format(".{} disabled", type.fileExtension),
                 .color = ColorRole::secondaryLabel};
@@ -94,7 +89,7 @@ ShortcutCaption ShortcutSettingsModel::caption(const FileTypeDefinition& type,
         if (auto conflict = settings_.shortcutConflictMessage(*shortcut, type.id)) {
             return warning(*std::move(conflict));
         }
-        if (contains(failed, {HotKeyAction::CreateFile{type.id}})) {
+        if (failures.fileTypes.contains(type.id)) {
             return warning(std::string(notRegistered));
         }
     }

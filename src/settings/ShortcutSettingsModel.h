@@ -2,7 +2,6 @@
 
 #include "filetypes/CreationDestination.h"
 #include "platform/ColorRole.h"
-#include "settings/HotKeyAction.h"
 #include "settings/QuickCreateShortcut.h"
 
 #include <array>
@@ -15,6 +14,7 @@ namespace blankwell {
 
 class AppSettings;
 struct FileTypeDefinition;
+struct HotKeyFailures;
 
 /// The texts and symbols of the shortcut settings that never change.
 struct ShortcutSettingsTexts {
@@ -79,9 +79,6 @@ struct DirectShortcutRowContent {
                            const DirectShortcutRowContent&) = default;
 };
 
-/// The shortcuts that the desktop refused to register, by what they do.
-using FailedHotKeys = std::vector<HotKeyAction>;
-
 /// What the shortcut settings show, read from the settings store each time, and what their controls
 /// do to it. A conflict is told and never prevents a change. Belongs to the main thread.
 class ShortcutSettingsModel {
@@ -91,9 +88,9 @@ public:
 
     /// The line under the title of the Quick Create shortcut, where there is something to warn of:
     /// the first type in the user's order that has the same shortcut, or else that the shortcut is
-    /// among `failed`.
+    /// among `failures`.
     [[nodiscard]] std::optional<ShortcutCaption>
-    quickCreateWarning(const FailedHotKeys& failed) const;
+    quickCreateWarning(const HotKeyFailures& failures) const;
 
     [[nodiscard]] QuickCreateShortcut quickCreateShortcut() const;
     void setQuickCreateShortcut(const QuickCreateShortcut& shortcut);
@@ -103,7 +100,7 @@ public:
     void setDestination(CreationDestinationMode mode);
 
     /// A row for each type in the user's order, switched on or not.
-    [[nodiscard]] std::vector<DirectShortcutRowContent> rows(const FailedHotKeys& failed) const;
+    [[nodiscard]] std::vector<DirectShortcutRowContent> rows(const HotKeyFailures& failures) const;
 
     /// Sets the shortcut of the type `id`, or takes it away.
     void setShortcut(const std::optional<QuickCreateShortcut>& shortcut, const std::string& id);
@@ -111,7 +108,7 @@ public:
 private:
     [[nodiscard]] std::optional<QuickCreateShortcut> shortcutOf(const std::string& id) const;
     [[nodiscard]] ShortcutCaption caption(const FileTypeDefinition& type,
-                                          const FailedHotKeys& failed) const;
+                                          const HotKeyFailures& failures) const;
 
     AppSettings& settings_;
 };

@@ -1,5 +1,6 @@
 #include "widgets/TextLabel.h"
 
+#include "base/StyledText.h"
 #include "widgets/QtStrings.h"
 #include "widgets/Theme.h"
 
@@ -35,26 +36,23 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
     return label == nullptr ? nullptr : new AccessibleText(*label);
 }
 
-struct StyledText {
+struct FormattedText {
     QString text;
     QList<QTextLayout::FormatRange> boldRuns;
 };
 
-StyledText parse(std::string_view marked) {
-    StyledText result;
-    const auto parts = qString(marked).split("**");
-    for (qsizetype i = 0; i < parts.size(); ++i) {
-        const bool isBold = i % 2 == 1 && i + 1 < parts.size();
-        if (isBold) {
-            QTextCharFormat bold;
-            bold.setFontWeight(QFont::Bold);
+FormattedText formatted(std::string_view marked) {
+    FormattedText result;
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    for (const auto& run : styledText(marked)) {
+        const auto text = qString(run.text);
+        if (run.isBold) {
             result.boldRuns.push_back({.start = static_cast<int>(result.text.size()),
-                                       .length = static_cast<int>(parts[i].size()),
+                                       .length = static_cast<int>(text.size()),
                                        .format = bold});
-        } else if (i % 2 == 1) {
-            result.text += "**"; // which nothing closes
         }
-        result.text += parts[i];
+        result.text += text;
     }
     return result;
 }
@@ -64,7 +62,7 @@ StyledText parse(std::string_view marked) {
 TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look, QWidget* parent)
     : QWidget(parent), theme_(theme), look_(look) {
     QAccessible::installFactory(makeAccessible);
-    auto styled = parse(text);
+    auto styled = formatted(text);
     text_ = std::move(styled.text);
     boldRuns_ = std::move(styled.boldRuns);
     const bool isWrapped = look.overflow == Overflow::wrap;
@@ -75,7 +73,7 @@ TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look
 }
 
 void TextLabel::setText(std::string_view text) {
-    auto styled = parse(text);
+    auto styled = formatted(text);
     if (styled.text == text_ && styled.boldRuns == boldRuns_) {
         return;
     }

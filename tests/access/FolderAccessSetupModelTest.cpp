@@ -51,7 +51,8 @@ struct FolderAccessSetupModelTest : testing::Test {
 
 TEST(FolderAccessSetupTextsTest, AreTheseAndNoOthers) {
     EXPECT_EQ(folderAccessSetupTexts,
-              (FolderAccessSetupTexts{"folder.badge.gearshape", "Folder Access", "Forget Access"}));
+              (FolderAccessSetupTexts{"folder.badge.gearshape", "Folder Access", "Forget Access",
+                                      "xmark.circle"}));
     EXPECT_THAT(folderGrantButtons,
                 ElementsAre(FolderGrantButton{homeFolder, "Grant Home Folder..."},
                             FolderGrantButton{otherFolders, "Add Other Folders..."},

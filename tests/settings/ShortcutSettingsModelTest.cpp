@@ -2,6 +2,7 @@
 
 #include "filetypes/FileTypeCatalog.h"
 #include "settings/AppSettings.h"
+#include "settings/HotKeyFailures.h"
 #include "support/FakeLog.h"
 #include "support/FakeUserDefaults.h"
 
@@ -16,6 +17,7 @@ using testing::ElementsAre;
 using testing::SizeIs;
 
 constexpr QuickCreateShortcut controlOptionN{.keyCode = 45, .carbonModifiers = 0x1800};
+constexpr HotKeyStatus refused = eventHotKeyExistsErr;
 constexpr QuickCreateShortcut commandM{.keyCode = 46, .carbonModifiers = 0x100};
 
 ShortcutCaption red(std::string text) {
@@ -27,7 +29,7 @@ ShortcutCaption secondary(std::string text) {
 }
 
 struct ShortcutSettingsModelTest : testing::Test {
-    DirectShortcutRowContent row(const std::string& id, const FailedHotKeys& failed = {}) {
+    DirectShortcutRowContent row(const std::string& id, const HotKeyFailures& failed = {}) {
         const auto rows = model.rows(failed);
         return *std::ranges::find(rows, id, &DirectShortcutRowContent::fileTypeID);
     }
@@ -110,28 +112,30 @@ TEST_F(ShortcutSettingsModelTest, TypesWithOneShortcutNameEachOther) {
 TEST_F(ShortcutSettingsModelTest, ATypeThatIsSwitchedOffSaysThatAndNothingElse) {
     settings.setShortcut(controlOptionN, "md");
     settings.setEnabled(false, "md");
-    const FailedHotKeys failed{{HotKeyAction::CreateFile{"md"}}};
+    const HotKeyFailures failed{.quickCreate = {}, .fileTypes = {{"md", refused}}};
     EXPECT_EQ(row("md", failed).caption, secondary(".md disabled"));
 }
 
 TEST_F(ShortcutSettingsModelTest, AShortcutThatCouldNotBeRegisteredSaysSo) {
     settings.setShortcut(commandM, "md");
-    const FailedHotKeys failed{{HotKeyAction::CreateFile{"md"}}, {HotKeyAction::QuickCreate{}}};
+    const HotKeyFailures failed{.quickCreate = refused, .fileTypes = {{"md", refused}}};
     EXPECT_EQ(row("md", failed).caption, red("Could not be registered"));
     EXPECT_EQ(row("txt", failed).caption, secondary(".txt"));
     EXPECT_EQ(model.quickCreateWarning(failed), red("Could not be registered"));
-    EXPECT_EQ(model.quickCreateWarning({failed[0]}), std::nullopt);
+    EXPECT_EQ(model.quickCreateWarning({.quickCreate = {}, .fileTypes = failed.fileTypes}),
+              std::nullopt);
 }
 
 TEST_F(ShortcutSettingsModelTest, AConflictIsToldBeforeAFailedRegistration) {
     settings.setShortcut(controlOptionN, "md");
-    const FailedHotKeys failed{{HotKeyAction::CreateFile{"md"}}, {HotKeyAction::QuickCreate{}}};
+    const HotKeyFailures failed{.quickCreate = refused, .fileTypes = {{"md", refused}}};
     EXPECT_EQ(row("md", failed).caption, red("Conflicts with Quick Create"));
     EXPECT_EQ(model.quickCreateWarning(failed), red("Conflicts with Markdown"));
 }
 
 TEST_F(ShortcutSettingsModelTest, AFailureOfATypeWithoutAShortcutIsOfThePast) {
-    EXPECT_EQ(row("md", {{HotKeyAction::CreateFile{"md"}}}).caption, secondary(".md"));
+    EXPECT_EQ(row("md", {.quickCreate = {}, .fileTypes = {{"md", refused}}}).caption,
+              secondary(".md"));
 }
 
 TEST_F(ShortcutSettingsModelTest, RecordingAndClearingWriteTheShortcutsOfTypes) {
