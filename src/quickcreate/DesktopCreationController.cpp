@@ -162,6 +162,10 @@ std::vector<FileTypeDefinition> DesktopCreationController::types(FileTypeCategor
     return types;
 }
 
+FileUrl DesktopCreationController::desktopFolderURL() const {
+    return services_.destination.desktopFolderURL();
+}
+
 void DesktopCreationController::openMainWindow() {
     // A copy, since what comes up may set the action anew.
     if (const auto action = openMainWindowAction_) {

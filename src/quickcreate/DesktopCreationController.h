@@ -113,6 +113,9 @@ public:
     /// Those of the category whose name or extension contains the search text.
     [[nodiscard]] std::vector<FileTypeDefinition> types(FileTypeCategory category) const;
 
+    /// The folder that the destination `desktop` means.
+    [[nodiscard]] FileUrl desktopFolderURL() const;
+
     /// Brings up the main window.
     void openMainWindow();
 

@@ -1,127 +1,207 @@
 #include "quickcreate/QuickCreatePanelView.h"
 
-#include "filetypes/FileTypeCatalog.h"
 #include "platform/ObserveLater.h"
 #include "quickcreate/DesktopCreationController.h"
+#include "quickcreate/QuickCreateContents.h"
+#include "quickcreate/QuickCreateFooterView.h"
+#include "quickcreate/QuickCreateList.h"
+#include "settings/AppSettings.h"
+#include "widgets/IconButton.h"
+#include "widgets/Metrics.h"
+#include "widgets/Painting.h"
+#include "widgets/QtStrings.h"
+#include "widgets/ScrollArea.h"
+#include "widgets/SearchField.h"
+#include "widgets/SegmentedControl.h"
+#include "widgets/Separator.h"
+#include "widgets/TextLabel.h"
+#include "widgets/Theme.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QToolButton>
+#include <QPainter>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace blankwell {
 namespace {
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+using metrics::panelMargin;
+
+std::vector<SegmentedControl::Title> destinationTitles() {
+    std::vector<SegmentedControl::Title> titles;
+    for (const auto mode : allCreationDestinationModes) {
+        const auto label = destinationLabel(mode);
+        titles.push_back({.text = std::string(label.title), .symbol = std::string(label.symbol)});
+    }
+    return titles;
+}
+
+/// Whether the key press is of a text rather than of a command.
+bool isTyped(const QKeyEvent& event) {
+    constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !event.text().isEmpty() && event.text().front().isPrint() &&
+           (event.modifiers() & commands) == Qt::NoModifier;
 }
 
 } // namespace
 
-QuickCreatePanelView::QuickCreatePanelView(DesktopCreationController& controller,
-                                           MainQueue& mainQueue, SymbolIcon symbolIcon)
-    : controller_(controller),
-      symbolIcon_(std::move(symbolIcon)),
-      search_(new QLineEdit),
-      types_(new QListWidget),
-      status_(new QLabel) {
+QuickCreatePanelView::QuickCreatePanelView(const Services& services)
+    : controller_(services.controller),
+      theme_(services.theme),
+      destination_(new SegmentedControl(services.theme, quick_create_texts::destination,
+                                        destinationTitles(), this)),
+      search_(new SearchField(services.theme, quick_create_texts::searchPrompt, this)),
+      scroll_(new ScrollArea(services.theme, this)),
+      list_(new QuickCreateList(services.theme,
+                                [this](const FileTypeDefinition& type) {
+                                    controller_.create(type, DestinationChoice::panel);
+                                })),
+      footer_(new QuickCreateFooterView(services.theme, this)) {
     layOut();
     connectControls();
-    follow(mainQueue);
+    follow(services.settings, services.mainQueue);
     refreshTypes();
-    refreshStatus();
+    refreshSearchText();
+    refreshDestination();
+    refreshFooter();
+}
+
+QBoxLayout* QuickCreatePanelView::makeHeader() {
+    auto* const close =
+        new IconButton(theme_, {.symbol = "xmark.circle", .help = quick_create_texts::close}, this);
+    connect(close, &QPushButton::clicked, this, [this] { controller_.closeQuickCreatePanel(); });
+    setTabOrder(close, &search_->edit());
+    auto* const header = new QHBoxLayout;
+    header->setContentsMargins(panelMargin, 4 * metrics::grid, panelMargin - metrics::grid, 0);
+    header->setSpacing(2 * metrics::grid);
+    header->addWidget(
+        new TextLabel(theme_, quick_create_texts::title, {.style = TextStyle::title3}));
+    header->addStretch();
+    header->addWidget(destination_);
+    header->addWidget(close);
+    return header;
 }
 
 void QuickCreatePanelView::layOut() {
-    auto* const close = new QToolButton;
-    close->setIcon(symbolIcon_("xmark.circle"));
-    close->setAutoRaise(true);
-    close->setToolTip("Close");
-    close->setAccessibleName("Close");
-    connect(close, &QToolButton::clicked, this, [this] { controller_.closeQuickCreatePanel(); });
-    auto* const header = new QHBoxLayout;
-    header->addWidget(new QLabel("Create File"), 1);
-    header->addWidget(close);
+    constexpr int besideField = panelMargin - metrics::focusRing;
+    auto* const field = new QHBoxLayout;
+    field->setContentsMargins(besideField, 0, besideField, 0);
+    field->addWidget(search_);
 
-    search_->setPlaceholderText("Search file types");
-    search_->setAccessibleName("Search file types");
-    types_->setAccessibleName("File types");
-    status_->setTextFormat(Qt::PlainText);
+    auto* const inset = new QWidget;
+    auto* const insetLayout = new QVBoxLayout(inset);
+    insetLayout->setContentsMargins(panelMargin, 0, panelMargin - ScrollArea::barWidth, 0);
+    insetLayout->addWidget(list_);
+    insetLayout->addStretch();
+    scroll_->setWidget(inset);
 
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(20, 20, 20, 20);
-    layout->setSpacing(12);
-    layout->addLayout(header);
-    layout->addWidget(search_);
-    layout->addWidget(types_, 1);
-    layout->addWidget(status_);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addLayout(makeHeader());
+    layout->addSpacing(3 * metrics::grid - metrics::focusRing);
+    layout->addLayout(field);
+    layout->addSpacing(2 * metrics::grid);
+    layout->addWidget(scroll_, 1);
+    layout->addWidget(new Separator(theme_));
+    layout->addWidget(footer_);
     setFocusProxy(search_);
 }
 
 void QuickCreatePanelView::connectControls() {
-    connect(search_, &QLineEdit::textChanged, this,
+    connect(&search_->edit(), &QLineEdit::textEdited, this,
             [this](const QString& text) { controller_.searchText.set(text.toStdString()); });
-    connect(search_, &QLineEdit::returnPressed, this, [this] { createFirst(); });
-    connect(types_, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { create(item); });
+    connect(&search_->edit(), &QLineEdit::returnPressed, this, [this] { createFirst(); });
+    connect(destination_, &SegmentedControl::selectedByUser, this, [this](int index) {
+        controller_.destinationMode.set(
+            allCreationDestinationModes.at(static_cast<std::size_t>(index)));
+    });
+    connect(list_, &QuickCreateList::tileFocused, this,
+            [this](QWidget* tile) { scroll_->ensureWidgetVisible(tile, 0, 40); });
+    connect(list_, &QuickCreateList::leftUpwards, this, [this] {
+        search_->setFocus(Qt::BacktabFocusReason);
+        scroll_->verticalScrollBar()->setValue(0);
+    });
 }
 
-void QuickCreatePanelView::follow(MainQueue& mainQueue) {
-    subscriptions_.push_back(
-        observeLater(controller_.searchText, mainQueue, [this](const auto&) { refreshTypes(); }));
-    subscriptions_.push_back(observeLater(controller_.statusMessage, mainQueue,
-                                          [this](const auto&) { refreshStatus(); }));
+void QuickCreatePanelView::follow(AppSettings& settings, MainQueue& mainQueue) {
+    const auto refreshAfter = [&](auto& property, void (QuickCreatePanelView::*refresh)()) {
+        subscriptions_.push_back(observeLater(
+            property, mainQueue, [this, refresh](const auto&) { (this->*refresh)(); }));
+    };
+    refreshAfter(controller_.searchText, &QuickCreatePanelView::refreshTypes);
+    refreshAfter(controller_.searchText, &QuickCreatePanelView::refreshSearchText);
+    refreshAfter(settings.enabledFileTypeIDs, &QuickCreatePanelView::refreshTypes);
+    refreshAfter(settings.fileTypeOrder, &QuickCreatePanelView::refreshTypes);
+    refreshAfter(controller_.destinationMode, &QuickCreatePanelView::refreshDestination);
+    refreshAfter(controller_.destinationMode, &QuickCreatePanelView::refreshFooter);
+    refreshAfter(controller_.statusMessage, &QuickCreatePanelView::refreshFooter);
 }
 
 void QuickCreatePanelView::showEvent(QShowEvent* event) {
-    refreshTypes(); // the settings may have changed since
     QWidget::showEvent(event);
+    if (!event->spontaneous()) {
+        refreshFooter(); // the Desktop may be another folder since
+        search_->setFocus();
+        search_->edit().selectAll(); // a new search replaces the last one
+    }
 }
 
 void QuickCreatePanelView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         controller_.closeQuickCreatePanel();
-    } else if (event->key() == Qt::Key_Down && search_->hasFocus()) {
-        types_->setFocus();
+    } else if (event->key() == Qt::Key_Down && search_->edit().hasFocus()) {
+        list_->focusFirstTile();
+    } else if (isTyped(*event)) {
+        searchFor(*event);
     } else {
         QWidget::keyPressEvent(event);
     }
 }
 
+void QuickCreatePanelView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    drawShape(painter, rect(),
+              {.radius = metrics::panelRadius,
+               .fill = theme_.color(ColorRole::windowBackground),
+               .outline = theme_.color(ColorRole::separator)});
+}
+
 void QuickCreatePanelView::refreshTypes() {
-    types_->clear();
-    for (const auto category : allFileTypeCategories) {
-        for (const auto& type : controller_.types(category)) {
-            addType(type);
-        }
+    list_->setSections(quickCreateSections(controller_));
+}
+
+void QuickCreatePanelView::refreshSearchText() {
+    const auto text = qString(controller_.searchText.get());
+    if (text != search_->edit().text()) {
+        search_->edit().setText(text);
     }
-    types_->setCurrentRow(0);
 }
 
-void QuickCreatePanelView::addType(const FileTypeDefinition& type) {
-    auto* const item = new QListWidgetItem(symbolIcon_(type.sfSymbolName),
-                                           qt(type.displayName) + "  ." + qt(type.fileExtension));
-    item->setData(Qt::UserRole, qt(type.id));
-    types_->addItem(item); // which owns it now
+void QuickCreatePanelView::refreshDestination() {
+    const auto mode = controller_.destinationMode.get();
+    const auto place = std::ranges::find(allCreationDestinationModes, mode);
+    destination_->select(static_cast<int>(place - allCreationDestinationModes.begin()));
 }
 
-void QuickCreatePanelView::refreshStatus() {
-    status_->setText(qt(controller_.statusMessage.get().value_or("")));
-}
-
-void QuickCreatePanelView::create(const QListWidgetItem* item) {
-    const auto id = item->data(Qt::UserRole).toString().toStdString();
-    controller_.create(*FileTypeCatalog::definition(id), DestinationChoice::panel);
+void QuickCreatePanelView::refreshFooter() {
+    footer_->setFooter(quickCreateFooter(controller_));
 }
 
 void QuickCreatePanelView::createFirst() {
-    if (const auto* const item = types_->currentItem()) {
-        create(item);
+    if (const auto type = firstType(quickCreateSections(controller_))) {
+        controller_.create(*type, DestinationChoice::panel);
     }
+}
+
+void QuickCreatePanelView::searchFor(const QKeyEvent& event) {
+    search_->setFocus(Qt::OtherFocusReason); // which selects nothing
+    search_->edit().insert(event.text());
+    controller_.searchText.set(search_->edit().text().toStdString());
 }
 
 } // namespace blankwell

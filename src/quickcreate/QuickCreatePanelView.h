@@ -2,54 +2,70 @@
 
 #include "base/Subscription.h"
 
-#include <QIcon>
 #include <QWidget>
 
-#include <functional>
-#include <string_view>
 #include <vector>
 
-class QLabel;
+class QBoxLayout;
 class QLineEdit;
-class QListWidget;
-class QListWidgetItem;
 
 namespace blankwell {
 
+class AppSettings;
 class DesktopCreationController;
 class MainQueue;
+class QuickCreateFooterView;
+class QuickCreateList;
+class ScrollArea;
+class SearchField;
+class SegmentedControl;
+class Theme;
 struct FileTypeDefinition;
 
-/// The content of the Quick Create panel: a search field and the types that it finds. Choosing a
-/// type creates a file of it, Escape closes the panel.
+/// The content of the Quick Create panel: the destination, a search field, the tiles of the types
+/// that it finds, and what came of the last creation.
+///
+/// The search field has the keyboard at each showing; letters typed elsewhere go there. Return in
+/// it creates the first type shown. Nothing but Escape and the close button closes the panel.
 class QuickCreatePanelView : public QWidget {
-public:
-    /// The icon of a symbol by its name.
-    using SymbolIcon = std::function<QIcon(std::string_view)>;
+    Q_OBJECT
 
-    /// Shows the state of `controller`, which must outlive this object as `mainQueue` must.
-    QuickCreatePanelView(DesktopCreationController& controller, MainQueue& mainQueue,
-                         SymbolIcon symbolIcon);
+public:
+    /// What the view uses. All must outlive it.
+    struct Services {
+        DesktopCreationController& controller;
+        /// Whose types the controller offers.
+        AppSettings& settings;
+        MainQueue& mainQueue;
+        const Theme& theme;
+    };
+
+    explicit QuickCreatePanelView(const Services& services);
 
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void layOut();
+    [[nodiscard]] QBoxLayout* makeHeader();
     void connectControls();
-    void follow(MainQueue& mainQueue);
+    void follow(AppSettings& settings, MainQueue& mainQueue);
     void refreshTypes();
-    void refreshStatus();
-    void addType(const FileTypeDefinition& type);
-    void create(const QListWidgetItem* item);
+    void refreshSearchText();
+    void refreshDestination();
+    void refreshFooter();
     void createFirst();
+    void searchFor(const QKeyEvent& event);
 
     DesktopCreationController& controller_;
-    SymbolIcon symbolIcon_;
-    QLineEdit* search_;
-    QListWidget* types_;
-    QLabel* status_;
+    const Theme& theme_;
+    SegmentedControl* destination_;
+    SearchField* search_;
+    ScrollArea* scroll_;
+    QuickCreateList* list_;
+    QuickCreateFooterView* footer_;
     std::vector<Subscription> subscriptions_;
 };
 

@@ -111,10 +111,8 @@ void DisclosureHeader::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setPen(theme_.color(ColorRole::label));
     painter.setFont(fontOf(TextStyle::headline));
-    painter.drawText(mirrored({left, 0, width() - left, double(height())}, *this),
-                     Qt::AlignVCenter | Qt::TextSingleLine |
-                         (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft),
-                     title_);
+    drawLine(painter, mirrored({left, 0, width() - left, double(height())}, *this),
+             Qt::AlignLeading, title_, *this);
     if (hasFocus()) {
         drawFocusOutline(painter, rect(), metrics::buttonRadius, theme_.color(ColorRole::accent));
     }

@@ -7,6 +7,7 @@ inline constexpr int grid = 4;
 
 inline constexpr int mainWindowMargin = 7 * grid;
 inline constexpr int panelMargin = 5 * grid;
+inline constexpr int panelRadius = 3 * grid;
 
 inline constexpr int cardPadding = 4 * grid;
 inline constexpr int cardSpacing = 4 * grid;

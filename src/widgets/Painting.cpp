@@ -1,6 +1,8 @@
 #include "widgets/Painting.h"
 
 #include <QPainter>
+#include <QStyle>
+#include <QTextOption>
 #include <QWidget>
 
 #include <algorithm>
@@ -20,6 +22,15 @@ void drawShape(QPainter& painter, const QRectF& rect, const Shape& shape) {
 void drawFocusOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color) {
     drawShape(painter, rect,
               {.radius = radius, .fill = Qt::transparent, .outline = color, .outlineWidth = 2});
+}
+
+void drawLine(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, const QString& text,
+              const QWidget& widget) {
+    QTextOption option(QStyle::visualAlignment(widget.layoutDirection(), alignment) |
+                       Qt::AlignAbsolute | Qt::AlignVCenter);
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    option.setWrapMode(QTextOption::NoWrap);
+    painter.drawText(rect, text, option);
 }
 
 double opacityOf(const QWidget& control) {

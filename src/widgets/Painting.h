@@ -2,8 +2,10 @@
 
 #include <QColor>
 #include <QRectF>
+#include <Qt>
 
 class QPainter;
+class QString;
 class QWidget;
 
 namespace blankwell {
@@ -21,6 +23,12 @@ void drawShape(QPainter& painter, const QRectF& rect, const Shape& shape);
 
 /// Draws the outline that shows where the keyboard is, inside of `rect`.
 void drawFocusOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color);
+
+/// Draws one line of text in the painter's font and colour, in the middle of the height of `rect`.
+/// `alignment` counts for `widget`: leading is right where texts run from right to left. A text
+/// itself runs as its letters do.
+void drawLine(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, const QString& text,
+              const QWidget& widget);
 
 /// How much of a control is seen: less while it cannot be used.
 [[nodiscard]] double opacityOf(const QWidget& control);

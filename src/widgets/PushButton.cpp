@@ -67,7 +67,7 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setFont(fontOf(TextStyle::calloutMedium));
     painter.setPen(text);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, titleOf(*this));
+    drawLine(painter, rect(), Qt::AlignHCenter, titleOf(*this), *this);
 }
 
 void PushButton::keyPressEvent(QKeyEvent* event) {

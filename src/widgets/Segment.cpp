@@ -27,9 +27,8 @@ Segment::Segment(const Theme& theme, std::string_view title, std::string_view sy
     setAccessibleName(title_);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // Tab goes to the selected one, from where the arrows lead on.
-    connect(this, &QRadioButton::toggled, this, [this](bool isSelected) {
-        setFocusPolicy(isSelected ? Qt::TabFocus : Qt::NoFocus);
-    });
+    connect(this, &QRadioButton::toggled, this,
+            [this](bool isSelected) { setFocusPolicy(isSelected ? Qt::TabFocus : Qt::NoFocus); });
 }
 
 int Segment::contentWidth() const {
@@ -75,7 +74,7 @@ void Segment::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setPen(color);
     painter.setFont(fontOf(isChecked() ? TextStyle::calloutMedium : TextStyle::callout));
-    painter.drawText(mirrored(text, *this), Qt::AlignCenter | Qt::TextSingleLine, title_);
+    drawLine(painter, mirrored(text, *this), Qt::AlignHCenter, title_, *this);
 }
 
 } // namespace blankwell

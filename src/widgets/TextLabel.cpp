@@ -41,7 +41,10 @@ struct FormattedText {
     QList<QTextLayout::FormatRange> boldRuns;
 };
 
-FormattedText formatted(std::string_view marked) {
+FormattedText formatted(std::string_view marked, TextLabel::Markup markup) {
+    if (markup == TextLabel::Markup::none) {
+        return {.text = qString(marked), .boldRuns = {}};
+    }
     FormattedText result;
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
@@ -62,9 +65,7 @@ FormattedText formatted(std::string_view marked) {
 TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look, QWidget* parent)
     : QWidget(parent), theme_(theme), look_(look) {
     QAccessible::installFactory(makeAccessible);
-    auto styled = formatted(text);
-    text_ = std::move(styled.text);
-    boldRuns_ = std::move(styled.boldRuns);
+    take(text);
     const bool isWrapped = look.overflow == Overflow::wrap;
     QSizePolicy policy(isWrapped || isElided() ? QSizePolicy::Preferred : QSizePolicy::Fixed,
                        isWrapped ? QSizePolicy::Preferred : QSizePolicy::Fixed);
@@ -72,13 +73,21 @@ TextLabel::TextLabel(const Theme& theme, std::string_view text, const Look& look
     setSizePolicy(policy);
 }
 
-void TextLabel::setText(std::string_view text) {
-    auto styled = formatted(text);
+/// Returns whether that changes anything.
+bool TextLabel::take(std::string_view text) {
+    auto styled = formatted(text, look_.markup);
     if (styled.text == text_ && styled.boldRuns == boldRuns_) {
-        return;
+        return false;
     }
     text_ = std::move(styled.text);
     boldRuns_ = std::move(styled.boldRuns);
+    return true;
+}
+
+void TextLabel::setText(std::string_view text) {
+    if (!take(text)) {
+        return;
+    }
     updateGeometry();
     update();
     QAccessibleEvent event(this, QAccessible::NameChanged);
@@ -128,8 +137,9 @@ QString TextLabel::shownText() const {
 
 /// Breaks the text of `layout` into lines of at most `width` and returns the size of all.
 QSizeF TextLabel::layOut(QTextLayout& layout, double width) const {
-    QTextOption option(QStyle::visualAlignment(layoutDirection(), look_.alignment));
-    option.setTextDirection(layoutDirection());
+    QTextOption option(QStyle::visualAlignment(layoutDirection(), look_.alignment) |
+                       Qt::AlignAbsolute);
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setWrapMode(look_.overflow == Overflow::wrap ? QTextOption::WordWrap
                                                         : QTextOption::ManualWrap);
     layout.setTextOption(option);

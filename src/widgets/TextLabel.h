@@ -12,7 +12,7 @@ namespace blankwell {
 
 class Theme;
 
-/// A text to be read. Runs between double asterisks are bold; nothing else in it has a meaning.
+/// A text to be read, as it stands.
 class TextLabel : public QWidget {
     Q_OBJECT
 
@@ -29,17 +29,25 @@ public:
         elideMiddle,
     };
 
+    /// What asterisks in a text are.
+    enum class Markup {
+        none,
+        /// Runs between double asterisks are bold, and the asterisks not shown.
+        boldRuns,
+    };
+
     struct Look {
         TextStyle style = TextStyle::body;
         ColorRole color = ColorRole::label;
         Overflow overflow = Overflow::none;
+        Markup markup = Markup::none;
         Qt::Alignment alignment = Qt::AlignLeading;
     };
 
     TextLabel(const Theme& theme, std::string_view text, const Look& look,
               QWidget* parent = nullptr);
 
-    /// The text as it is read, without the asterisks.
+    /// The text as it is read, without markup.
     [[nodiscard]] const QString& text() const { return text_; }
 
     /// Screen readers hear of the change.
@@ -56,6 +64,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool take(std::string_view text);
     [[nodiscard]] bool isElided() const;
     [[nodiscard]] QString shownText() const;
     [[nodiscard]] QSizeF layOut(QTextLayout& layout, double width) const;

@@ -9,6 +9,8 @@ namespace {
 
 using Overflow = TextLabel::Overflow;
 
+constexpr TextLabel::Look marked{.markup = TextLabel::Markup::boldRuns};
+
 struct TextLabelTest : WidgetTest {
     static int inkedColumns(const QImage& image) {
         int columns = 0;
@@ -37,19 +39,23 @@ struct TextLabelTest : WidgetTest {
 
 TEST_F(TextLabelTest, RunsBetweenDoubleAsterisksAreBoldAndTheAsterisksGone) {
     TextLabel plain(theme, "Works in Dropbox and Downloads.", {});
-    TextLabel bold(theme, "Works in **Dropbox and Downloads**.", {});
+    TextLabel bold(theme, "Works in **Dropbox and Downloads**.", marked);
     EXPECT_EQ(bold.text(), "Works in Dropbox and Downloads.");
     EXPECT_GT(bold.sizeHint().width(), plain.sizeHint().width());
 }
 
 TEST_F(TextLabelTest, AsterisksThatNothingClosesStay) {
-    EXPECT_EQ(TextLabel(theme, "2 ** 3", {}).text(), "2 ** 3");
-    EXPECT_EQ(TextLabel(theme, "**2** ** 3", {}).text(), "2 ** 3");
-    EXPECT_EQ(TextLabel(theme, "**all**", {}).text(), "all");
+    EXPECT_EQ(TextLabel(theme, "2 ** 3", marked).text(), "2 ** 3");
+    EXPECT_EQ(TextLabel(theme, "**2** ** 3", marked).text(), "2 ** 3");
+    EXPECT_EQ(TextLabel(theme, "**all**", marked).text(), "all");
+}
+
+TEST_F(TextLabelTest, AFileNameMayHaveAsterisks) {
+    EXPECT_EQ(TextLabel(theme, "Created **a**.md in b", {}).text(), "Created **a**.md in b");
 }
 
 TEST_F(TextLabelTest, NothingElseIsMarkup) {
-    EXPECT_EQ(TextLabel(theme, "<b>R&amp;D</b> & more", {}).text(), "<b>R&amp;D</b> & more");
+    EXPECT_EQ(TextLabel(theme, "<b>R&amp;D</b> & more", marked).text(), "<b>R&amp;D</b> & more");
 }
 
 TEST_F(TextLabelTest, AWrappedTextIsHigherWhereItIsNarrower) {
@@ -93,7 +99,7 @@ TEST_F(TextLabelTest, ALabelThatMustNotShrinkAsksForItsWholeWidth) {
 }
 
 TEST_F(TextLabelTest, ScreenReadersReadTheTextAndHearOfChanges) {
-    TextLabel label(theme, "No **saved** roots.", {});
+    TextLabel label(theme, "No **saved** roots.", marked);
     EXPECT_EQ(accessible(label).role(), QAccessible::StaticText);
     EXPECT_EQ(accessibleName(label), "No saved roots.");
     label.setText("1 root.");

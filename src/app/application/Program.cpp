@@ -52,6 +52,12 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
+      panels_({
+          .application = application_,
+          .settings = settings_,
+          .mainQueue = mainQueue_,
+          .theme = theme_,
+      }),
       creation_({
           .settings = settings_,
           .destination = destination_,

@@ -106,7 +106,7 @@ private:
     CreationDestination destination_{account_, folders_, frontFolder_};
     FinderRequestHandler requestHandler_;
     HotKeys hotKeys_{environment_, settings_, *log_};
-    QtQuickCreatePanels panels_{application_, mainQueue_};
+    QtQuickCreatePanels panels_;
     DesktopCreationController creation_;
     RemoteRequests remoteRequests_;
     NoUpdaters updaters_;

@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QRegion>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -17,10 +19,26 @@
 namespace blankwell {
 namespace {
 
+QRegion roundedRegion(const QSize& size, int radius) {
+    const QRect bounds({}, size);
+    auto region = QRegion(bounds.adjusted(radius, 0, -radius, 0)) +
+                  QRegion(bounds.adjusted(0, radius, 0, -radius));
+    QRect corner(0, 0, 2 * radius, 2 * radius);
+    for (const auto right : {false, true}) {
+        for (const auto bottom : {false, true}) {
+            corner.moveTo(right ? size.width() - corner.width() : 0,
+                          bottom ? size.height() - corner.height() : 0);
+            region += QRegion(corner, QRegion::Ellipse);
+        }
+    }
+    return region;
+}
+
 class PanelWindow : public QWidget {
 public:
-    explicit PanelWindow(const QuickCreatePanelConfiguration& configuration)
+    PanelWindow(const QuickCreatePanelConfiguration& configuration, int cornerRadius)
         : QWidget(nullptr, flags(configuration)),
+          cornerRadius_(cornerRadius),
           isOnAllDesktops_(configuration.canJoinAllSpaces),
           isMovable_(configuration.isMovableByWindowBackground) {}
 
@@ -30,6 +48,13 @@ protected:
             announce();
         }
         QWidget::showEvent(event);
+    }
+
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        if (windowFlags().testFlag(Qt::FramelessWindowHint)) {
+            setMask(roundedRegion(size(), cornerRadius_));
+        }
     }
 
     void mousePressEvent(QMouseEvent* event) override {
@@ -57,6 +82,7 @@ private:
         }
     }
 
+    int cornerRadius_;
     bool isOnAllDesktops_;
     bool isMovable_;
 };
@@ -74,8 +100,8 @@ ScreenCoordinates coordinates() {
 
 QtQuickCreatePanelWindow::QtQuickCreatePanelWindow(
     const QuickCreatePanelConfiguration& configuration, std::unique_ptr<QWidget> content,
-    QtApplication& application)
-    : window_(std::make_unique<PanelWindow>(configuration)),
+    int cornerRadius, QtApplication& application)
+    : window_(std::make_unique<PanelWindow>(configuration, cornerRadius)),
       content_(content.get()),
       application_(application) {
     auto* const layout = new QVBoxLayout(window_.get());
