@@ -15,7 +15,8 @@ test_packages=(libgtest-dev libgmock-dev
     # the desktop and its file managers
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
     dbus-daemon xfconf libglib2.0-bin desktop-file-utils xfce4-panel
-    nautilus thunar dolphin nemo)
+    xdg-desktop-portal
+    nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
 bench_packages=(libbenchmark-dev)

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <expected>
 #include <functional>
+#include <string>
 
 namespace blankwell {
 
@@ -46,6 +47,9 @@ public:
     /// Told which hot key is lost, and the status that says why.
     using LossHandler = std::function<void(EventHotKeyID, HotKeyStatus)>;
 
+    /// Told which hot key works, and the key in the desktop's words; empty where it does not say.
+    using GiftHandler = std::function<void(EventHotKeyID, const std::string& key)>;
+
     enum class HandlerReference : std::uint64_t {};
     enum class HotKeyReference : std::uint64_t {};
 
@@ -66,10 +70,14 @@ public:
     /// Gives the key back. A press that arrives after this call reaches no handler.
     virtual HotKeyStatus unregisterHotKey(HotKeyReference hotKey) = 0;
 
-    /// Sets what is told of each hot key that works no more though nobody gave it back; it is
-    /// registered no more. Replaces the previous one. A service that keeps what it has registered
+    /// Sets what is told of each hot key that does not work though nobody gave it back. It is still
+    /// to be given back. Replaces the previous one. A service that keeps what it has registered
     /// never calls it.
     virtual void onLoss(LossHandler /*handler*/) {}
+
+    /// Sets what is told of each hot key that the desktop gives later than it was registered, also
+    /// after a loss. Replaces the previous one. Only a service that has to ask calls it.
+    virtual void onGift(GiftHandler /*handler*/) {}
 };
 
 } // namespace blankwell

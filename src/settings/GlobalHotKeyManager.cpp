@@ -30,11 +30,13 @@ GlobalHotKeyManager::GlobalHotKeyManager(HotKeyService& service, MainQueue& main
       dispatch_(std::make_shared<Dispatch>(std::move(dispatch))),
       logger_(log, "GlobalHotKey") {
     service_.onLoss([this](EventHotKeyID hotKey, HotKeyStatus status) { lose(hotKey, status); });
+    service_.onGift([this](EventHotKeyID hotKey, const std::string& key) { regain(hotKey, key); });
 }
 
 GlobalHotKeyManager::~GlobalHotKeyManager() {
     releaseAll();
     service_.onLoss([](auto...) {});
+    service_.onGift([](const auto&...) {});
     if (eventHandlerRef_) {
         service_.removeHandler(*eventHandlerRef_);
     }
@@ -139,28 +141,40 @@ void GlobalHotKeyManager::publish(HotKeyFailures newFailures) {
 }
 
 void GlobalHotKeyManager::lose(EventHotKeyID hotKey, HotKeyStatus status) {
-    const auto action = actionsByID_.find(hotKey.id);
-    if (hotKey.signature != signature || action == actionsByID_.end()) {
+    const auto* const action = actionOf(hotKey);
+    if (action == nullptr) {
         return;
     }
     logger_.error("Lost hot key {}: {}", hotKey.id, status);
     auto newFailures = failures.get();
-    newFailures.add(action->second, status);
-    hotKeyRefs_.erase(hotKey.id);
-    actionsByID_.erase(action);
+    newFailures.add(*action, status);
     publish(std::move(newFailures));
+}
+
+void GlobalHotKeyManager::regain(EventHotKeyID hotKey, const std::string& key) {
+    const auto* const action = actionOf(hotKey);
+    if (action == nullptr) {
+        return;
+    }
+    logger_.notice("The desktop gives hot key {}: {}", hotKey.id, key);
+    auto newFailures = failures.get();
+    newFailures.remove(*action);
+    publish(std::move(newFailures));
+}
+
+const HotKeyAction* GlobalHotKeyManager::actionOf(const EventHotKeyID& hotKey) const {
+    const auto action = actionsByID_.find(hotKey.id);
+    return hotKey.signature == signature && action != actionsByID_.end() ? &action->second
+                                                                         : nullptr;
 }
 
 HotKeyStatus GlobalHotKeyManager::handle(const HotKeyEvent& event) {
     const auto hotKey = event.hotKeyID();
-    if (!hotKey || hotKey->signature != signature) {
+    const auto* const action = hotKey ? actionOf(*hotKey) : nullptr;
+    if (action == nullptr) {
         return noErr;
     }
-    const auto action = actionsByID_.find(hotKey->id);
-    if (action == actionsByID_.end()) {
-        return noErr;
-    }
-    mainQueue_.async([action = action->second, weak = std::weak_ptr(dispatch_)] {
+    mainQueue_.async([action = *action, weak = std::weak_ptr(dispatch_)] {
         if (const auto dispatch = weak.lock()) {
             (*dispatch)(action);
         }

@@ -83,6 +83,8 @@ private:
                           HotKeyAction action, Attempt& attempt);
     void publish(HotKeyFailures newFailures);
     void lose(EventHotKeyID hotKey, HotKeyStatus status);
+    void regain(EventHotKeyID hotKey, const std::string& key);
+    [[nodiscard]] const HotKeyAction* actionOf(const EventHotKeyID& hotKey) const;
     HotKeyStatus handle(const HotKeyEvent& event);
 
     HotKeyService& service_;

@@ -14,4 +14,13 @@ void HotKeyFailures::add(const HotKeyAction& action, HotKeyStatus status) {
                action.kind);
 }
 
+void HotKeyFailures::remove(const HotKeyAction& action) {
+    std::visit(
+        Overloaded{
+            [&](const HotKeyAction::QuickCreate&) { quickCreate.reset(); },
+            [&](const HotKeyAction::CreateFile& create) { fileTypes.erase(create.fileTypeID); },
+        },
+        action.kind);
+}
+
 } // namespace blankwell

@@ -19,6 +19,9 @@ struct HotKeyFailures {
     /// Notes that the hot key for `action` does not work.
     void add(const HotKeyAction& action, HotKeyStatus status);
 
+    /// Notes that the hot key for `action` works.
+    void remove(const HotKeyAction& action);
+
     friend bool operator==(const HotKeyFailures&, const HotKeyFailures&) = default;
 };
 

@@ -3,7 +3,6 @@
 #include <systemd/sd-bus.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <stdexcept>
 
@@ -24,6 +23,14 @@ void require(int result, const char* what) {
     }
 }
 
+/// Whether the bus that the environment names takes connections: its socket is there before.
+bool isListening() {
+    sd_bus* bus = nullptr;
+    const bool isOpened = sd_bus_open_user(&bus) >= 0;
+    sd_bus_close_unref(bus);
+    return isOpened;
+}
+
 std::string describe(sd_bus_message* call) {
     auto description =
         std::string(sd_bus_message_get_interface(call)) + '.' + sd_bus_message_get_member(call);
@@ -42,10 +49,10 @@ PrivateBus::PrivateBus() : outerAddress_(std::getenv(addressVariable)) {
     folder_.addFile("bus.conf", configuration(socket));
     daemon_.emplace(Arguments{"dbus-daemon", "--nofork",
                               "--config-file=" + folder_.url().appending("bus.conf").path()});
-    if (!eventually([&] { return std::filesystem::exists(socket); })) {
+    ::setenv(addressVariable, ("unix:path=" + socket).c_str(), 1);
+    if (!eventually(isListening)) {
         throw std::runtime_error("no private bus");
     }
-    ::setenv(addressVariable, ("unix:path=" + socket).c_str(), 1);
 }
 
 PrivateBus::~PrivateBus() {

@@ -24,6 +24,9 @@ public:
     /// Lets the bus itself hang.
     void hang() const { daemon_->hang(); }
 
+    /// Ends the bus itself.
+    void end() { daemon_.reset(); }
+
 private:
     TemporaryFolder folder_;
     std::string outerAddress_;

@@ -228,7 +228,21 @@ TEST_F(GlobalHotKeyManagerTest, AHotKeyThatIsLostIsLoggedAndPublishedAndTheOther
     EXPECT_THAT(dispatched, SizeIs(1));
     service.unregistrations = 0;
     manager->unregisterAll();
-    EXPECT_EQ(service.unregistrations, 2) << "what is lost is not given back";
+    EXPECT_EQ(service.unregistrations, 3) << "what is lost is given back all the same";
+}
+
+TEST_F(GlobalHotKeyManagerTest, AHotKeyThatComesBackWorksAndIsNoFailureAnyMore) {
+    manager->registerShortcuts(controlOptionN, {{"css", commandJ}});
+    service.lose({45, 0x1800}, 1007);
+    service.lose({38, 0x100}, 1007);
+    service.give({45, 0x1800}, "Ctrl+Alt+N");
+    EXPECT_EQ(log.lines.back(), (FakeLog::Line{LogLevel::notice, "GlobalHotKey",
+                                               "The desktop gives hot key 1: Ctrl+Alt+N"}));
+    EXPECT_EQ(manager->failures.get(), (HotKeyFailures{.fileTypes = {{"css", 1007}}}));
+    service.give({38, 0x100}, "");
+    EXPECT_EQ(manager->failures.get(), HotKeyFailures{});
+    press(commandJ);
+    EXPECT_THAT(dispatched, SizeIs(1));
 }
 
 TEST_F(GlobalHotKeyManagerTest, ALossOfAnothersHotKeyIsIgnored) {

@@ -68,12 +68,16 @@ public:
 
     void onLoss(LossHandler handler) override { lossHandler = std::move(handler); }
 
+    void onGift(GiftHandler handler) override { giftHandler = std::move(handler); }
+
     /// Takes a registered hot key away as the desktop may at any time.
     void lose(Combination combination, HotKeyStatus status) {
-        const auto id = find(combination)->id;
-        std::erase_if(registered,
-                      [&](const Registered& one) { return one.combination == combination; });
-        lossHandler(id, status);
+        lossHandler(find(combination)->id, status);
+    }
+
+    /// Gives a registered hot key as a desktop does that had to be asked.
+    void give(Combination combination, const std::string& key) {
+        giftHandler(find(combination)->id, key);
     }
 
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override {
@@ -109,6 +113,7 @@ public:
 
     std::map<HandlerReference, Handler> handlers;
     LossHandler lossHandler = [](auto...) {};
+    GiftHandler giftHandler = [](const auto&...) {};
     std::vector<Registered> registered;
     HotKeyStatus failInstallationWith = noErr;
     /// The status of each combination that cannot be registered.

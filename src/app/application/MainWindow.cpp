@@ -1,12 +1,35 @@
 #include "app/application/MainWindow.h"
 
 #include "app/WindowScenes.h"
+#include "platform/ObserveLater.h"
+#include "settings/AppSettings.h"
+#include "views/OnboardingView.h"
+
+#include <QShowEvent>
 
 namespace blankwell {
 
 MainWindow::MainWindow(const ContentView::Services& content,
                        const ApplicationMenuBar::Services& menus)
     : SceneWindow(mainWindowScene, new ContentView(content), new ApplicationMenuBar(menus)),
-      size_(content.theme, *this) {}
+      settings_(content.settings),
+      size_(content.theme, *this),
+      onboarding_(new OnboardingView(content.theme, content.settings, this)),
+      onboardingChanges_(observeLater(settings_.hasCompletedOnboarding, content.mainQueue,
+                                      [this](bool /*isCompleted*/) { showOnboarding(); })) {}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    SceneWindow::showEvent(event);
+    if (!event->spontaneous()) {
+        // Once there is a window to show it over.
+        QMetaObject::invokeMethod(this, &MainWindow::showOnboarding, Qt::QueuedConnection);
+    }
+}
+
+void MainWindow::showOnboarding() {
+    if (isVisible() && !settings_.hasCompletedOnboarding.get()) {
+        onboarding_->open();
+    }
+}
 
 } // namespace blankwell

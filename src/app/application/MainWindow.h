@@ -3,9 +3,12 @@
 #include "app/application/ActivatedWindowSize.h"
 #include "app/application/ApplicationMenuBar.h"
 #include "app/application/SceneWindow.h"
+#include "base/Subscription.h"
 #include "views/ContentView.h"
 
 namespace blankwell {
+
+class OnboardingView;
 
 /// The window of the main scene: the menus, the sections, and the walkthrough over them as long as
 /// that is not completed.
@@ -15,8 +18,16 @@ class MainWindow : public SceneWindow {
 public:
     MainWindow(const ContentView::Services& content, const ApplicationMenuBar::Services& menus);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void showOnboarding();
+
+    AppSettings& settings_;
     ActivatedWindowSize size_;
+    OnboardingView* onboarding_;
+    Subscription onboardingChanges_;
 };
 
 } // namespace blankwell

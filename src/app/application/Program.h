@@ -105,7 +105,7 @@ private:
     FolderAccess folderAccess_;
     CreationDestination destination_{account_, folders_, frontFolder_};
     FinderRequestHandler requestHandler_;
-    HotKeys hotKeys_{environment_};
+    HotKeys hotKeys_{environment_, settings_, *log_};
     QtQuickCreatePanels panels_{application_, mainQueue_};
     DesktopCreationController creation_;
     RemoteRequests remoteRequests_;

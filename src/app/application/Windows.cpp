@@ -4,6 +4,9 @@
 #include "app/application/MainWindow.h"
 #include "platform/qt/QtApplication.h"
 #include "views/ExtensionPageView.h"
+#include "views/HelpContent.h"
+#include "views/HelpView.h"
+#include "views/MainWindowContent.h"
 
 #include <QPixmap>
 
@@ -72,7 +75,9 @@ SceneWindow& Windows::mainWindow() {
 
 SceneWindow& Windows::helpWindow() {
     if (!helpWindow_) {
-        helpWindow_ = std::make_unique<SceneWindow>(helpWindowScene, new QWidget);
+        helpWindow_ = std::make_unique<SceneWindow>(
+            helpWindowScene,
+            new HelpView(services_.theme, helpContent(versionText(services_.bundle))));
         follow(*helpWindow_);
     }
     return *helpWindow_;

@@ -1,5 +1,6 @@
 #include "platform/linux/FileManagerFrontFolder.h"
 
+#include "platform/linux/AccessibleFolder.h"
 #include "platform/linux/DolphinFolder.h"
 #include "platform/linux/FolderTitles.h"
 #include "platform/linux/FrontWindow.h"
@@ -49,12 +50,16 @@ std::optional<FileUrl> ask(const FrontWindow& front, const Places& places,
     case FileManager::dolphin:
         return askDolphin(window, places.known(), deadline);
     case FileManager::thunar:
-        return folderInThunarTitle(window.title, isFolder);
+        return folderInThunarTitle(window.title, isFolder).or_else([&] {
+            return askAccessibleWindow(window, nameInThunarTitle(window.title), isFolder, deadline);
+        });
     case FileManager::nemo:
-        return folderInNemoTitle(window.title, isFolder);
+        return folderInNemoTitle(window.title, isFolder).or_else([&] {
+            return askAccessibleWindow(window, window.title, isFolder, deadline);
+        });
     case FileManager::caja:
     case FileManager::pcmanfmQt:
-        break;
+        return askAccessibleWindow(window, window.title, isFolder, deadline);
     }
     return std::nullopt;
 }

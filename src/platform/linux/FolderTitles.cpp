@@ -3,6 +3,8 @@
 namespace blankwell {
 namespace {
 
+constexpr std::string_view thunarSuffix = " - Thunar";
+
 std::optional<FileUrl> existing(std::string_view path, const IsFolder& isFolder) {
     const FileUrl folder{std::string(path)};
     return path.starts_with('/') && isFolder(folder) ? std::optional(folder) : std::nullopt;
@@ -11,16 +13,19 @@ std::optional<FileUrl> existing(std::string_view path, const IsFolder& isFolder)
 } // namespace
 
 std::optional<FileUrl> folderInThunarTitle(std::string_view title, const IsFolder& isFolder) {
-    constexpr std::string_view suffix = " - Thunar";
     const auto whole = existing(title, isFolder);
-    const auto shortened = title.ends_with(suffix)
-                               ? existing(title.substr(0, title.size() - suffix.size()), isFolder)
-                               : std::nullopt;
+    const auto shortened =
+        title.ends_with(thunarSuffix) ? existing(nameInThunarTitle(title), isFolder) : std::nullopt;
     // Where both are there, the title does not say which of them is shown.
     if (whole && shortened) {
         return std::nullopt;
     }
     return whole ? whole : shortened;
+}
+
+std::string_view nameInThunarTitle(std::string_view title) {
+    return title.ends_with(thunarSuffix) ? title.substr(0, title.size() - thunarSuffix.size())
+                                         : title;
 }
 
 std::optional<FileUrl> folderInNemoTitle(std::string_view title, const IsFolder& isFolder) {

@@ -16,6 +16,9 @@ using IsFolder = std::function<bool(const FileUrl&)>;
 [[nodiscard]] std::optional<FileUrl> folderInThunarTitle(std::string_view title,
                                                          const IsFolder& isFolder);
 
+/// The folder's name in a Thunar window's title, which ends with the program's.
+[[nodiscard]] std::string_view nameInThunarTitle(std::string_view title);
+
 /// The folder whose path a Nemo window's title holds, as it does with the setting
 /// `show-full-path-titles` ("NAME - PATH"). Nothing for a bare name.
 [[nodiscard]] std::optional<FileUrl> folderInNemoTitle(std::string_view title,

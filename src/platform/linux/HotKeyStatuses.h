@@ -17,5 +17,13 @@ inline constexpr HotKeyStatus hotKeyReservedErr = 1003;
 inline constexpr HotKeyStatus hotKeyNoModifierErr = 1004;
 /// The display server refused for a reason that it has no business to have.
 inline constexpr HotKeyStatus hotKeyRefusedErr = 1005;
+/// The user, or the desktop in the user's name, declined or took the hot key back.
+inline constexpr HotKeyStatus hotKeyDeniedErr = 1006;
+/// The desktop's portal failed, or answered what cannot be understood.
+inline constexpr HotKeyStatus hotKeyPortalErr = 1007;
+/// The desktop's portal, or the session bus, does not answer or is gone.
+inline constexpr HotKeyStatus hotKeyPortalGoneErr = 1008;
+/// The desktop knows the hot key and has no key for it until the user gives it one.
+inline constexpr HotKeyStatus hotKeyNoKeyErr = 1009;
 
 } // namespace blankwell

@@ -49,11 +49,31 @@ std::expected<SessionBus, SystemError> SessionBus::connect(const Deadline& deadl
     if (const int result = sd_bus_open_user(&opened); result < 0) {
         return failure(result, unreachable);
     }
+    return greeted(SessionBus(opened), deadline);
+}
+
+std::expected<SessionBus, SystemError> SessionBus::connectTo(const std::string& address,
+                                                             const Deadline& deadline) {
+    sd_bus* opened = nullptr;
+    if (const int result = sd_bus_new(&opened); result < 0) {
+        return failure(result, unreachable);
+    }
     SessionBus bus(opened);
+    for (const int result : {sd_bus_set_address(opened, address.c_str()),
+                             sd_bus_set_bus_client(opened, 1), sd_bus_start(opened)}) {
+        if (result < 0) {
+            return failure(result, unreachable);
+        }
+    }
+    return greeted(std::move(bus), deadline);
+}
+
+std::expected<SessionBus, SystemError> SessionBus::greeted(SessionBus bus,
+                                                           const Deadline& deadline) {
     // sd-bus itself would wait for the bus's greeting without an end.
-    const auto isReady = [&] { return sd_bus_is_ready(opened) > 0; };
-    if (auto greeted = bus.processUntil(isReady, deadline); !greeted) {
-        return std::unexpected(std::move(greeted).error());
+    const auto isReady = [&] { return sd_bus_is_ready(bus.bus_.get()) > 0; };
+    if (auto isGreeted = bus.processUntil(isReady, deadline); !isGreeted) {
+        return std::unexpected(std::move(isGreeted).error());
     }
     return bus;
 }

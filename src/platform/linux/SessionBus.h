@@ -36,6 +36,10 @@ public:
     /// Connects to the bus that the environment names.
     static std::expected<SessionBus, SystemError> connect(const Deadline& deadline);
 
+    /// Connects to another bus, at `address`.
+    static std::expected<SessionBus, SystemError> connectTo(const std::string& address,
+                                                            const Deadline& deadline);
+
     /// Whether the connection still stands. Does not wait.
     [[nodiscard]] bool isOpen();
 
@@ -69,6 +73,7 @@ private:
 
     explicit SessionBus(sd_bus* bus) : bus_(bus) {}
 
+    static std::expected<SessionBus, SystemError> greeted(SessionBus bus, const Deadline& deadline);
     std::expected<void, SystemError> processUntil(const std::function<bool()>& isDone,
                                                   const Deadline& deadline);
     std::expected<std::vector<std::string>, SystemError> listNames(std::string member,

@@ -9,12 +9,6 @@
 namespace blankwell {
 namespace {
 
-// The bits of a Carbon modifier mask.
-constexpr std::uint32_t cmdKey = 0x100;
-constexpr std::uint32_t shiftKey = 0x200;
-constexpr std::uint32_t optionKey = 0x800;
-constexpr std::uint32_t controlKey = 0x1000;
-
 /// The bits of an event's state that are modifiers; the others are mouse buttons and the layout.
 constexpr std::uint16_t allModifiers = 0xFF;
 
@@ -26,10 +20,10 @@ struct Modifier {
 
 std::array<Modifier, 4> modifiersOf(const X11Keyboard& keyboard) {
     return {{
-        {.carbon = cmdKey, .x11 = keyboard.command},
-        {.carbon = shiftKey, .x11 = XCB_MOD_MASK_SHIFT},
-        {.carbon = optionKey, .x11 = keyboard.option},
-        {.carbon = controlKey, .x11 = XCB_MOD_MASK_CONTROL},
+        {.carbon = KeyCombination::cmdKey, .x11 = keyboard.command},
+        {.carbon = KeyCombination::shiftKey, .x11 = XCB_MOD_MASK_SHIFT},
+        {.carbon = KeyCombination::optionKey, .x11 = keyboard.option},
+        {.carbon = KeyCombination::controlKey, .x11 = XCB_MOD_MASK_CONTROL},
     }};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/HotKeyService.h"
+#include "platform/linux/KeyCombination.h"
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11KeyGrabs.h"
 #include "platform/linux/X11Keyboard.h"
@@ -14,14 +15,6 @@
 #include <variant>
 
 namespace blankwell {
-
-/// A key of the Macintosh keyboard and exactly these modifiers, as a Carbon mask.
-struct KeyCombination {
-    std::uint32_t keyCode = 0;
-    std::uint32_t carbonModifiers = 0;
-
-    friend bool operator==(const KeyCombination&, const KeyCombination&) = default;
-};
 
 /// The keyboard of an X server, of which combinations can be taken away from all other programs.
 ///
