@@ -7,6 +7,8 @@
 
 #include <QShowEvent>
 
+#include <utility>
+
 namespace blankwell {
 
 MainWindow::MainWindow(const ContentView::Services& content,
@@ -20,8 +22,14 @@ MainWindow::MainWindow(const ContentView::Services& content,
 
 void MainWindow::showEvent(QShowEvent* event) {
     SceneWindow::showEvent(event);
-    if (!event->spontaneous()) {
-        // Once there is a window to show it over.
+    isNewlyShown_ = isNewlyShown_ || !event->spontaneous();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    SceneWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() &&
+        std::exchange(isNewlyShown_, false)) {
+        // By now the window manager has put the window where it belongs.
         QMetaObject::invokeMethod(this, &MainWindow::showOnboarding, Qt::QueuedConnection);
     }
 }

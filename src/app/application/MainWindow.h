@@ -20,6 +20,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void showOnboarding();
@@ -27,6 +28,8 @@ private:
     AppSettings& settings_;
     ActivatedWindowSize size_;
     OnboardingView* onboarding_;
+    /// It has not been active since it was shown.
+    bool isNewlyShown_ = false;
     Subscription onboardingChanges_;
 };
 
