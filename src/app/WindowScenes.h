@@ -35,4 +35,12 @@ inline constexpr WindowScene helpWindowScene{
     .contentMinimumSize = std::nullopt,
 };
 
+/// The page about the file manager's menu; one window at most.
+inline constexpr WindowScene extensionWindowScene{
+    .id = "extension",
+    .title = "Blankwell+ Finder Extension",
+    .defaultSize = Size{.width = 560, .height = 440},
+    .contentMinimumSize = Size{.width = 400, .height = 280},
+};
+
 } // namespace blankwell

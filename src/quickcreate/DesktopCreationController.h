@@ -91,6 +91,9 @@ public:
     /// The shortcuts of the settings that do not work, and why.
     [[nodiscard]] Published<HotKeyFailures>& hotKeyFailures() { return hotKeyManager_.failures; }
 
+    /// Whether any hot key is registered.
+    [[nodiscard]] bool hasHotKeys() const { return hotKeyManager_.hasRegistrations(); }
+
     /// Makes the panel ahead of its first use, so that showing it takes no longer then than later.
     void prepareQuickCreatePanel();
 

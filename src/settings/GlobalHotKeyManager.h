@@ -59,6 +59,9 @@ public:
     /// A key that is held down at that moment counts as pressed as soon as it repeats.
     Subscription suspend();
 
+    /// Whether any shortcut is registered now.
+    [[nodiscard]] bool hasRegistrations() const { return !hotKeyRefs_.empty(); }
+
 private:
     /// What is to be registered.
     struct Wanted {

@@ -30,12 +30,8 @@ StatusItemConfiguration statusItemConfiguration() {
     };
 }
 
-/// What the menu says of updates: nothing where the build has none.
 std::optional<bool> updateState(const BlankwellSelfUpdater* updater) {
-    if (updater == nullptr || !updater->configuration().isUsable()) {
-        return std::nullopt;
-    }
-    return updater->canCheckForUpdates.get();
+    return updater == nullptr ? std::nullopt : updater->stateForMenus();
 }
 
 } // namespace

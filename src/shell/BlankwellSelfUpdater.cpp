@@ -18,6 +18,10 @@ BlankwellSelfUpdater::BlankwellSelfUpdater(const Bundle& bundle, Updaters& updat
 
 BlankwellSelfUpdater::~BlankwellSelfUpdater() = default;
 
+std::optional<bool> BlankwellSelfUpdater::stateForMenus() const {
+    return configuration_.isUsable() ? std::optional(canCheckForUpdates.get()) : std::nullopt;
+}
+
 void BlankwellSelfUpdater::checkForUpdates() {
     if (updaterController_) {
         updaterController_->checkForUpdates();

@@ -6,6 +6,7 @@
 #include "shell/BlankwellSelfUpdateConfiguration.h"
 
 #include <memory>
+#include <optional>
 
 namespace blankwell {
 
@@ -40,6 +41,10 @@ public:
 
     /// The updater, or nullptr where the configuration is not usable.
     [[nodiscard]] UpdaterController* updaterController() const { return updaterController_.get(); }
+
+    /// What menus say of updates: whether a check may be asked for now, or nothing where the build
+    /// has none.
+    [[nodiscard]] std::optional<bool> stateForMenus() const;
 
     /// Has the updater check now; does nothing without one.
     void checkForUpdates();

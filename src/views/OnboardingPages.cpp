@@ -22,16 +22,16 @@ OnboardingPage rightClickPage() {
         .text = "The fastest way — in the folders macOS allows.",
         .elements =
             {
-                GuideRow{"checkmark.circle.fill",
-                         "Works in **Dropbox**, **Downloads**, and **your own folders**."},
-                GuideRow{"info.circle.fill",
-                         "Right-click an empty spot in a folder → **Create File** → choose a type. "
-                         "The new file appears right there."},
                 FinderMenuIllustration{
                     .entries = {"New Folder", "Get Info", "Create File"},
                     .submenuSymbol = "chevron.right",
                     .folderName = "Documents",
                 },
+                GuideRow{"checkmark.circle.fill",
+                         "Works in **Dropbox**, **Downloads**, and **your own folders**."},
+                GuideRow{"info.circle.fill",
+                         "Right-click an empty spot in a folder → **Create File** → choose a type. "
+                         "The new file appears right there."},
             },
     };
 }
@@ -64,10 +64,6 @@ OnboardingPage shortcutPage(std::string_view shortcut) {
             {
                 OnboardingShortcutLine{"Press", std::string(shortcut),
                                        "anytime to open Quick Create:"},
-                GuideRow{"rectangle.2.swap", "Choose a destination: **Desktop**, or the **front "
-                                             "Finder folder** you're viewing."},
-                GuideRow{"magnifyingglass", "Type to filter, then click a file type — it's created "
-                                            "instantly and revealed in Finder."},
                 QuickCreateIllustration{
                     .destinations = {{"Desktop", "desktopcomputer"}, {"Finder Folder", "folder"}},
                     .searchPlaceholder = "Search file types",
@@ -75,6 +71,10 @@ OnboardingPage shortcutPage(std::string_view shortcut) {
                               {"JSON", ".json", "curlybraces"},
                               {"Word", ".docx", "doc.text"}},
                 },
+                GuideRow{"rectangle.2.swap", "Choose a destination: **Desktop**, or the **front "
+                                             "Finder folder** you're viewing."},
+                GuideRow{"magnifyingglass", "Type to filter, then click a file type — it's created "
+                                            "instantly and revealed in Finder."},
             },
     };
 }

@@ -68,16 +68,16 @@ TEST(OnboardingPagesTest, TheSecondTellsOfTheFileManagersMenu) {
     const Lines expected{"filemenu.and.cursorarrow",
                          "Right-click in Finder",
                          "The fastest way — in the folders macOS allows.",
-                         "checkmark.circle.fill",
-                         "Works in **Dropbox**, **Downloads**, and **your own folders**.",
-                         "info.circle.fill",
-                         "Right-click an empty spot in a folder → **Create File** → choose a type. "
-                         "The new file appears right there.",
                          "New Folder",
                          "Get Info",
                          "Create File",
                          "chevron.right",
-                         "Documents"};
+                         "Documents",
+                         "checkmark.circle.fill",
+                         "Works in **Dropbox**, **Downloads**, and **your own folders**.",
+                         "info.circle.fill",
+                         "Right-click an empty spot in a folder → **Create File** → choose a type. "
+                         "The new file appears right there."};
     EXPECT_EQ(transcript(2), expected);
 }
 
@@ -104,10 +104,6 @@ TEST(OnboardingPagesTest, TheFourthTellsOfTheShortcut) {
         "Press",
         "⌘ + M",
         "anytime to open Quick Create:",
-        "rectangle.2.swap",
-        "Choose a destination: **Desktop**, or the **front Finder folder** you're viewing.",
-        "magnifyingglass",
-        "Type to filter, then click a file type — it's created instantly and revealed in Finder.",
         "Desktop",
         "desktopcomputer",
         "Finder Folder",
@@ -121,7 +117,11 @@ TEST(OnboardingPagesTest, TheFourthTellsOfTheShortcut) {
         "curlybraces",
         "Word",
         ".docx",
-        "doc.text"};
+        "doc.text",
+        "rectangle.2.swap",
+        "Choose a destination: **Desktop**, or the **front Finder folder** you're viewing.",
+        "magnifyingglass",
+        "Type to filter, then click a file type — it's created instantly and revealed in Finder."};
     EXPECT_EQ(transcript(4), expected);
 }
 

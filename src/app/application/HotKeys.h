@@ -8,6 +8,7 @@ namespace blankwell {
 
 class AppSettings;
 class Environment;
+class Log;
 
 /// The hot keys of the desktop that the application runs on, served by Qt's event loop: key grabs
 /// on an X server, shortcuts of the desktop's portal in a Wayland session. Where the desktop gives

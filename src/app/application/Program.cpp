@@ -94,11 +94,20 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .selfUpdater = selfUpdater_,
           .creation = creation_,
       }),
-      mainWindow_([this] { creation_.showQuickCreatePanel(); }),
-      shortcutText_(settings_.quickCreateShortcut.observe([this](const auto& shortcut) {
-          mainWindow_.setShortcutText(shortcut.displayString());
-      })) {
-    creation_.setOpenMainWindowAction([this] { showMainWindow(); });
+      windows_(
+          {
+              .theme = theme_,
+              .settings = settings_,
+              .bundle = bundle_,
+              .workspace = workspace_,
+              .uninstaller = uninstaller_,
+              .updater = selfUpdater_,
+              .presence = presence_,
+              .application = application_,
+              .mainQueue = mainQueue_,
+          },
+          [this] { endUnlessReachable(); }) {
+    creation_.setOpenMainWindowAction([this] { windows_.openMainWindow(); });
 }
 
 void Program::start(const Invocation& invocation) {
@@ -108,10 +117,13 @@ void Program::start(const Invocation& invocation) {
     } else if (!invocation.urls.empty()) {
         remoteRequests_.open(invocation.urls);
     } else if (!invocation.inBackground) {
-        showMainWindow();
+        windows_.openMainWindow();
     }
     // Once there is nothing more urgent to do.
-    QTimer::singleShot(0, [this] { creation_.prepareQuickCreatePanel(); });
+    QTimer::singleShot(0, [this] {
+        creation_.prepareQuickCreatePanel();
+        windows_.prepareMainWindow();
+    });
 }
 
 FileSystem& Program::writableFiles() {
@@ -121,13 +133,16 @@ FileSystem& Program::writableFiles() {
     return files_;
 }
 
-void Program::showMainWindow() {
-    application_.bringToFront(mainWindow_);
-}
-
 void Program::keepReachable() {
     if (isAccessory(settings_.appPresence.get())) {
-        showMainWindow(); // in neither bar there is nothing else to come in by
+        windows_.openMainWindow(); // in neither bar there is nothing else to come in by
+    }
+}
+
+/// A program without windows is of use as long as its keys or its status item are.
+void Program::endUnlessReachable() {
+    if (!creation_.hasHotKeys() && !statusBar_.showsItem()) {
+        terminate();
     }
 }
 

@@ -9,6 +9,7 @@
 #include "app/application/NoUninstall.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
+#include "app/application/Windows.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
 #include "platform/linux/BundleDirectory.h"
@@ -37,7 +38,6 @@
 #include "settings/AppSettings.h"
 #include "shell/AppPresenceController.h"
 #include "shell/BlankwellSelfUpdater.h"
-#include "views/MainWindow.h"
 #include "widgets/Theme.h"
 
 #include <memory>
@@ -71,8 +71,8 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
-    void showMainWindow();
     void keepReachable();
+    void endUnlessReachable();
 
     // In the order of construction.
     ProcessEnvironment environment_;
@@ -115,8 +115,7 @@ private:
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;
-    MainWindow mainWindow_;
-    Subscription shortcutText_;
+    Windows windows_;
 };
 
 } // namespace blankwell::application

@@ -6,6 +6,7 @@
 
 #include <QKeySequence>
 #include <QMenu>
+#include <QMenuBar>
 
 #include <functional>
 #include <variant>
@@ -42,18 +43,25 @@ void addCommand(QMenu& menu, const Command& command, MainQueue& mainQueue,
                      [&mainQueue, run = command.action] { mainQueue.async(run); });
 }
 
-void addSubmenu(QMenu& menu, const CommandSubmenu& submenu, MainQueue& mainQueue,
+/// To a menu or to a menu bar.
+template <typename Parent>
+void addSubmenu(Parent& menu, const CommandSubmenu& submenu, MainQueue& mainQueue,
                 const SymbolIcons& symbolIcons) {
     auto* const child = menu.addMenu(symbolIcons(submenu.symbol.name), label(submenu.title));
     fillMenu(*child, submenu.items, mainQueue, symbolIcons);
+}
+
+template <typename Parent>
+void clear(Parent& menu) {
+    menu.clear();
+    qDeleteAll(menu.template findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
 }
 
 } // namespace
 
 void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue,
               const SymbolIcons& symbolIcons) {
-    menu.clear();
-    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    clear(menu);
     for (const auto& item : items) {
         std::visit(
             Overloaded{
@@ -65,6 +73,16 @@ void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue,
                 },
             },
             item);
+    }
+}
+
+void fillMenuBar(QMenuBar& bar, const ActionMenu& menus, MainQueue& mainQueue,
+                 const SymbolIcons& symbolIcons) {
+    clear(bar);
+    for (const auto& menu : menus) {
+        if (const auto* const submenu = std::get_if<CommandSubmenu>(&menu)) {
+            addSubmenu(bar, *submenu, mainQueue, symbolIcons);
+        }
     }
 }
 

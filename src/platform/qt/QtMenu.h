@@ -8,6 +8,7 @@
 #include <string_view>
 
 class QMenu;
+class QMenuBar;
 
 namespace blankwell {
 
@@ -20,5 +21,9 @@ using SymbolIcons = std::function<QIcon(std::string_view name)>;
 /// `mainQueue`, which must outlive the menu: by then the menu is closed.
 void fillMenu(QMenu& menu, const ActionMenu& items, MainQueue& mainQueue,
               const SymbolIcons& symbolIcons);
+
+/// The same for a menu bar, which shows the submenus among `menus` from left to right.
+void fillMenuBar(QMenuBar& bar, const ActionMenu& menus, MainQueue& mainQueue,
+                 const SymbolIcons& symbolIcons);
 
 } // namespace blankwell

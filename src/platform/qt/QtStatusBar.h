@@ -41,6 +41,9 @@ public:
     [[nodiscard]] std::unique_ptr<StatusItem>
     makeItem(const StatusItemConfiguration& configuration) override;
 
+    /// Whether there is an item and a bar that shows it.
+    [[nodiscard]] bool showsItem() const { return !items_.empty() && host_.isPresent(); }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

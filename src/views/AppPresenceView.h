@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/Subscription.h"
+#include "settings/AppPresence.h"
+#include "widgets/Card.h"
+
+namespace blankwell {
+
+class AppSettings;
+class SegmentedControl;
+class TextLabel;
+
+/// The card in which the user chooses where the application shows itself.
+class AppPresenceView : public Card {
+    Q_OBJECT
+
+public:
+    /// `settings` must outlive this object.
+    AppPresenceView(const Theme& theme, AppSettings& settings, QWidget* parent = nullptr);
+
+private:
+    void render(AppPresence presence);
+
+    SegmentedControl* picker_;
+    TextLabel* description_;
+    Subscription presence_;
+};
+
+} // namespace blankwell

@@ -1,0 +1,76 @@
+#include "views/ContentView.h"
+
+#include "shell/UninstallView.h"
+#include "views/AppPresenceView.h"
+#include "views/ExtensionStatusView.h"
+#include "views/FileTypesListView.h"
+#include "views/MainHeaderView.h"
+#include "views/MainWindowLayout.h"
+#include "widgets/Metrics.h"
+#include "widgets/ScrollArea.h"
+
+#include <QVBoxLayout>
+
+namespace blankwell {
+namespace {
+
+/// Lines longer than that are no good to read, however wide the window is.
+constexpr int greatestWidth = 880;
+
+class ContentScrollArea : public ScrollArea {
+public:
+    explicit ContentScrollArea(const Theme& theme) : ScrollArea(theme) {
+        setMinimumHeight(static_cast<int>(mainwindow::scrollAreaMinimumHeight));
+        setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return {static_cast<int>(mainwindow::contentMinimumSize.width),
+                static_cast<int>(mainwindow::scrollAreaIdealHeight)};
+    }
+};
+
+} // namespace
+
+ContentView::ContentView(const Services& services, QWidget* parent) : QWidget(parent) {
+    auto* const content = new QWidget;
+    content->setMaximumWidth(greatestWidth);
+    auto* const sections = new QVBoxLayout(content);
+    constexpr int margin = metrics::mainWindowMargin;
+    sections->setContentsMargins(margin, margin, margin - ScrollArea::barWidth, margin);
+    sections->setSpacing(metrics::cardSpacing);
+    for (const auto section : allMainWindowSections) {
+        if (auto* const view = makeSection(section, services)) {
+            sections->addWidget(view);
+        }
+    }
+    sections->addStretch(1);
+
+    auto* const area = new ContentScrollArea(services.theme);
+    area->setWidget(content);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(area);
+}
+
+QWidget* ContentView::makeSection(MainWindowSection section, const Services& services) {
+    const auto& theme = services.theme;
+    switch (section) {
+    case MainWindowSection::header:
+        return new MainHeaderView(theme, services.bundle);
+    case MainWindowSection::appPresence:
+        return new AppPresenceView(theme, services.settings);
+    case MainWindowSection::fileTypes:
+        return new FileTypesListView(theme, services.settings, services.mainQueue);
+    case MainWindowSection::finderExtension:
+        return new ExtensionStatusView(theme, services.extensionStatus);
+    case MainWindowSection::uninstall:
+        return new UninstallView(theme, services.uninstaller);
+    case MainWindowSection::shortcuts:
+    case MainWindowSection::folderAccess:
+        break;
+    }
+    return nullptr;
+}
+
+} // namespace blankwell

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "views/MainWindowContent.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace blankwell {
+
+class AppSettings;
+class Bundle;
+class ExtensionStatusModel;
+class MainQueue;
+class Theme;
+class UninstallFlow;
+
+/// What the main window shows: its sections one below the other, which scroll.
+class ContentView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What the sections show and do. All must outlive the object.
+    struct Services {
+        const Theme& theme;
+        AppSettings& settings;
+        const Bundle& bundle;
+        ExtensionStatusModel& extensionStatus;
+        UninstallFlow& uninstaller;
+        MainQueue& mainQueue;
+    };
+
+    explicit ContentView(const Services& services, QWidget* parent = nullptr);
+
+private:
+    [[nodiscard]] static QWidget* makeSection(MainWindowSection section, const Services& services);
+};
+
+} // namespace blankwell

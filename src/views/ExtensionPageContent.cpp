@@ -1,0 +1,32 @@
+#include "views/ExtensionPageContent.h"
+
+#include <fmt/format.h>
+
+namespace blankwell {
+
+ExtensionPageContent extensionPageContent(std::string_view shortcut) {
+    return {
+        .symbol = "puzzlepiece.extension",
+        .title = "Creating Files From Your File Manager",
+        .paragraphs =
+            {
+                {"This version adds no command to the menus of file managers, so there is nothing "
+                 "to enable here. These ways work in every folder:"},
+            },
+        .rows =
+            {
+                {"keyboard", fmt::format("Press **{}** to open Quick Create, and choose **Finder "
+                                         "Folder** to create in the file manager window in front.",
+                                         shortcut)},
+                {"terminal",
+                 "In a terminal, **blankwell create md** creates a Markdown file in the current "
+                 "folder, and **blankwell create md --front** in the file manager window in "
+                 "front. **blankwell types** lists all types."},
+                {"bolt.fill",
+                 "Where the desktop gives programs no shortcuts, let one of its own run "
+                 "**blankwell-plus --action=quick-create**."},
+            },
+    };
+}
+
+} // namespace blankwell

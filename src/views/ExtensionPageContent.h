@@ -1,0 +1,24 @@
+#pragma once
+
+#include "views/GuideElements.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace blankwell {
+
+/// The page about the file manager's menu, for desktops without system settings for it.
+struct ExtensionPageContent {
+    std::string symbol;
+    std::string title;
+    std::vector<GuideParagraph> paragraphs;
+    std::vector<GuideRow> rows;
+
+    friend bool operator==(const ExtensionPageContent&, const ExtensionPageContent&) = default;
+};
+
+/// `shortcut` is the Quick Create shortcut of the moment in words.
+[[nodiscard]] ExtensionPageContent extensionPageContent(std::string_view shortcut);
+
+} // namespace blankwell

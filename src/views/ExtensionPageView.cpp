@@ -1,0 +1,72 @@
+#include "views/ExtensionPageView.h"
+
+#include "settings/AppSettings.h"
+#include "views/ExtensionPageContent.h"
+#include "widgets/Metrics.h"
+#include "widgets/ScrollArea.h"
+#include "widgets/SymbolLabel.h"
+#include "widgets/TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace blankwell {
+namespace {
+
+constexpr int symbolSize = 34;
+
+TextLabel* makeText(const Theme& theme, std::string_view text, TextStyle style,
+                    ColorRole color = ColorRole::label) {
+    return new TextLabel(theme, text,
+                         {.style = style, .color = color, .overflow = TextLabel::Overflow::wrap});
+}
+
+QLayout* makeRow(const Theme& theme, std::string_view symbol, TextLabel* text) {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(metrics::symbolGap);
+    row->addWidget(
+        new SymbolLabel(theme, symbol,
+                        {.size = metrics::symbolSize, .columnWidth = metrics::symbolColumn}),
+        0, Qt::AlignTop);
+    row->addWidget(text, 1);
+    return row;
+}
+
+} // namespace
+
+ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, QWidget* parent)
+    : QWidget(parent) {
+    const auto content = extensionPageContent({});
+    auto* const page = new QWidget;
+    auto* const column = new QVBoxLayout(page);
+    constexpr int margin = metrics::mainWindowMargin;
+    column->setContentsMargins(margin, margin, margin - ScrollArea::barWidth, margin);
+    column->setSpacing(metrics::cardSpacing);
+    column->addWidget(new SymbolLabel(theme, content.symbol, {.size = symbolSize}));
+    column->addWidget(makeText(theme, content.title, TextStyle::title));
+    for (const auto& paragraph : content.paragraphs) {
+        column->addWidget(
+            makeText(theme, paragraph.text, TextStyle::body, ColorRole::secondaryLabel));
+    }
+    for (const auto& row : content.rows) {
+        rows_.push_back(makeText(theme, {}, TextStyle::body));
+        column->addLayout(makeRow(theme, row.symbol, rows_.back()));
+    }
+    column->addStretch(1);
+
+    auto* const area = new ScrollArea(theme);
+    area->setWidget(page);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(area);
+    shortcut_ = settings.quickCreateShortcut.observe(
+        [this](const auto& shortcut) { render(shortcut.displayString()); });
+}
+
+void ExtensionPageView::render(std::string_view shortcut) {
+    const auto content = extensionPageContent(shortcut);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        rows_[i]->setText(content.rows.at(i).text);
+    }
+}
+
+} // namespace blankwell
