@@ -1,15 +1,19 @@
 #include "views/ContentView.h"
 
+#include "access/FolderAccessSetupView.h"
 #include "shell/UninstallView.h"
 #include "views/AppPresenceView.h"
 #include "views/ExtensionStatusView.h"
 #include "views/FileTypesListView.h"
 #include "views/MainHeaderView.h"
 #include "views/MainWindowLayout.h"
+#include "widgets/Card.h"
 #include "widgets/Metrics.h"
 #include "widgets/ScrollArea.h"
 
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -30,6 +34,12 @@ public:
     }
 };
 
+QWidget* inCard(const Theme& theme, QWidget* view) {
+    auto* const card = new Card(theme);
+    card->content().addWidget(view);
+    return card;
+}
+
 } // namespace
 
 ContentView::ContentView(const Services& services, QWidget* parent) : QWidget(parent) {
@@ -40,9 +50,7 @@ ContentView::ContentView(const Services& services, QWidget* parent) : QWidget(pa
     sections->setContentsMargins(margin, margin, margin - ScrollArea::barWidth, margin);
     sections->setSpacing(metrics::cardSpacing);
     for (const auto section : allMainWindowSections) {
-        if (auto* const view = makeSection(section, services)) {
-            sections->addWidget(view);
-        }
+        sections->addWidget(makeSection(section, services));
     }
     sections->addStretch(1);
 
@@ -62,15 +70,16 @@ QWidget* ContentView::makeSection(MainWindowSection section, const Services& ser
         return new AppPresenceView(theme, services.settings);
     case MainWindowSection::fileTypes:
         return new FileTypesListView(theme, services.settings, services.mainQueue);
+    case MainWindowSection::shortcuts:
+        return inCard(theme, new ShortcutSettingsView(theme, services.shortcuts));
+    case MainWindowSection::folderAccess:
+        return inCard(theme, new FolderAccessSetupView(theme, services.folderAccess));
     case MainWindowSection::finderExtension:
         return new ExtensionStatusView(theme, services.extensionStatus);
     case MainWindowSection::uninstall:
         return new UninstallView(theme, services.uninstaller);
-    case MainWindowSection::shortcuts:
-    case MainWindowSection::folderAccess:
-        break;
     }
-    return nullptr;
+    std::unreachable();
 }
 
 } // namespace blankwell

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "access/FolderAccessSetupModel.h"
+#include "settings/ShortcutSettingsView.h"
 #include "views/MainWindowContent.h"
 
 #include <QWidget>
@@ -24,6 +26,8 @@ public:
     struct Services {
         const Theme& theme;
         AppSettings& settings;
+        ShortcutSettingsView::Services shortcuts;
+        FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;
         ExtensionStatusModel& extensionStatus;
         UninstallFlow& uninstaller;

@@ -1,5 +1,5 @@
-#include "contract/SessionApplicationContract.h"
 #include "support/FakeSessionApplication.h"
+#include "contract/SessionApplicationContract.h"
 
 namespace blankwell {
 namespace {

@@ -5,9 +5,11 @@
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
 #include "platform/linux/JournalLog.h"
+#include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
 #include "widgets/Symbols.h"
 
+#include <QApplication>
 #include <QTimer>
 
 namespace blankwell::application {
@@ -98,6 +100,26 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           {
               .theme = theme_,
               .settings = settings_,
+              .shortcuts =
+                  {
+                      .settings = settings_,
+                      .hotKeyFailures = creation_.hotKeyFailures(),
+                      .mainQueue = mainQueue_,
+                      .recorders =
+                          {
+                              .keyCodeOf = macKeyCodeOfX11,
+                              .beep = QApplication::beep,
+                              .suspendHotKeys = [this] { return creation_.suspendHotKeys(); },
+                          },
+                  },
+              .folderAccess =
+                  {
+                      .folderAccess = folderAccess_,
+                      .store = store_,
+                      .fileSystem = files_,
+                      .account = account_,
+                      .folders = folders_,
+                  },
               .bundle = bundle_,
               .workspace = workspace_,
               .uninstaller = uninstaller_,

@@ -56,6 +56,8 @@ SceneWindow& Windows::mainWindow() {
             ContentView::Services{
                 .theme = services_.theme,
                 .settings = services_.settings,
+                .shortcuts = services_.shortcuts,
+                .folderAccess = services_.folderAccess,
                 .bundle = services_.bundle,
                 .extensionStatus = extensionStatus_,
                 .uninstaller = services_.uninstaller,

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "access/FolderAccessSetupModel.h"
 #include "app/BlankwellHelpCommands.h"
 #include "app/SystemSettingsPages.h"
+#include "settings/ShortcutSettingsView.h"
 #include "views/ExtensionStatusModel.h"
 
 #include <functional>
@@ -27,6 +29,8 @@ public:
     struct Services {
         const Theme& theme;
         AppSettings& settings;
+        ShortcutSettingsView::Services shortcuts;
+        FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;
         Workspace& workspace;
         UninstallFlow& uninstaller;

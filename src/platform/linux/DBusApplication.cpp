@@ -46,9 +46,9 @@ SessionApplication::Taken failure(const BusError& error) {
     if (isUndelivered(error)) {
         return notTaken(fmt::format("Blankwell+ could not be started or asked: {}", error.message));
     }
-    return std::unexpected(
-        HandOverFailure{Request::unknown, "Blankwell+ was asked and does not answer, so it may do "
-                                          "it yet: look before you try again."});
+    return std::unexpected(HandOverFailure{Request::unknown,
+                                           "Blankwell+ was asked and does not answer, so it may do "
+                                           "it yet: look before you try again."});
 }
 
 } // namespace

@@ -1,10 +1,16 @@
 #include "app/application/Windows.h"
 
+#include "access/FolderAccessSetupView.h"
 #include "app/WindowScenes.h"
 #include "platform/qt/QtApplication.h"
+#include "settings/ShortcutSettingsView.h"
+#include "shell/UninstallView.h"
 #include "support/FakePresenceController.h"
+#include "views/AppPresenceView.h"
 #include "views/ExtensionPageView.h"
 #include "views/ExtensionStatusView.h"
+#include "views/FileTypesListView.h"
+#include "views/MainHeaderView.h"
 #include "widgets/PushButton.h"
 #include "widgets/WidgetTest.h"
 
@@ -14,11 +20,14 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace blankwell {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using Texts = std::vector<std::string>;
 
 struct WindowsTest : WidgetTest {
@@ -63,6 +72,21 @@ struct WindowsTest : WidgetTest {
     Windows windows{{
                         .theme = theme,
                         .settings = fakes.settings,
+                        .shortcuts =
+                            {
+                                .settings = fakes.settings,
+                                .hotKeyFailures = fakes.controller.hotKeyFailures(),
+                                .mainQueue = fakes.mainQueue,
+                                .recorders = {},
+                            },
+                        .folderAccess =
+                            {
+                                .folderAccess = fakes.access,
+                                .store = fakes.store,
+                                .fileSystem = fakes.files,
+                                .account = fakes.account,
+                                .folders = fakes.folders,
+                            },
                         .bundle = fakes.bundle,
                         .workspace = fakes.workspace,
                         .uninstaller = fakes.uninstaller,
@@ -82,6 +106,24 @@ TEST_F(WindowsTest, EachSceneHasOneWindow) {
         EXPECT_EQ(shown(title).size(), 1) << scene.title;
     }
     windows.open("no such scene");
+}
+
+TEST_F(WindowsTest, TheMainWindowHasItsSectionsInOrder) {
+    const auto& window = openMain();
+    std::vector<int> tops;
+    const auto add = [&](const QWidget* section) {
+        ASSERT_NE(section, nullptr);
+        tops.push_back(section->mapTo(&window, QPoint()).y());
+    };
+    add(window.findChild<MainHeaderView*>());
+    add(window.findChild<AppPresenceView*>());
+    add(window.findChild<FileTypesListView*>());
+    add(window.findChild<ShortcutSettingsView*>());
+    add(window.findChild<FolderAccessSetupView*>());
+    add(window.findChild<ExtensionStatusView*>());
+    add(window.findChild<UninstallView*>());
+    EXPECT_THAT(tops, SizeIs(7));
+    EXPECT_TRUE(std::ranges::is_sorted(tops)) << testing::PrintToString(tops);
 }
 
 TEST_F(WindowsTest, TheMenusHaveTheirItemsAndNoneMakesSomethingNew) {
