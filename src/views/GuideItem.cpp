@@ -18,9 +18,11 @@ constexpr TextLabel::Look titleLook{.style = TextStyle::headline,
 
 QWidget* guideText(const Theme& theme, std::string_view text, ColorRole color,
                    Qt::Alignment alignment) {
-    return new TextLabel(
-        theme, text,
-        {.color = color, .overflow = TextLabel::Overflow::wrap, .alignment = alignment});
+    return new TextLabel(theme, text,
+                         {.color = color,
+                          .overflow = TextLabel::Overflow::wrap,
+                          .markup = TextLabel::Markup::boldRuns,
+                          .alignment = alignment});
 }
 
 GuideItem::GuideItem(const Theme& theme, QWidget* mark, const Texts& texts, QWidget* parent)
