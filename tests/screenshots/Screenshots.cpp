@@ -57,12 +57,6 @@ View help(Stage& stage) {
     return std::make_unique<HelpView>(stage.theme, helpContent("Version 1.0"));
 }
 
-View wholeHelp(Stage& stage) {
-    auto view = help(stage);
-    view->setMinimumHeight(2600);
-    return view;
-}
-
 View creationGuide(Stage& stage) {
     auto view = std::make_unique<CreationGuideView>(stage.theme, stage.settings);
     view->resize(560, view->heightForWidth(560));
@@ -82,7 +76,6 @@ const std::vector<Picture>& pictures() {
         {"onboarding-3", [](Stage& stage) { return onboarding(stage, 3); }},
         {"onboarding-4", [](Stage& stage) { return onboarding(stage, 4); }},
         {"help", help},
-        {"help-whole", wholeHelp},
         {"creation-guide", creationGuide},
     };
     return all;
@@ -94,7 +87,8 @@ bool save(QWidget& view, const QString& file) {
         return false;
     }
     QCoreApplication::processEvents();
-    return view.grab().toImage().convertToFormat(QImage::Format_RGB888).save(file);
+    // As small as a picture without loss gets.
+    return view.grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0);
 }
 
 bool makePictures(const QDir& folder, ColorScheme scheme) {
