@@ -16,7 +16,8 @@ test_packages=(libgtest-dev libgmock-dev
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
     dbus-daemon xfconf libglib2.0-bin desktop-file-utils xfce4-panel
     xdg-desktop-portal
-    nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core)
+    nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
+    python3-gi gir1.2-atspi-2.0)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
 bench_packages=(libbenchmark-dev)

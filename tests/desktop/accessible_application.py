@@ -1,0 +1,135 @@
+"""What the tests through the accessibility bus share: the application as a screen reader knows it.
+
+Run inside of `with-desktop`, whose home, display and buses they use.
+"""
+
+import os
+import pathlib
+import plistlib
+import signal
+import subprocess
+import time
+import unittest
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+APPLICATION = os.environ["BLANKWELL_APPLICATION"]
+HOME = pathlib.Path(os.environ["HOME"])
+PATIENCE = 20
+CHECKED = Atspi.StateType.CHECKED
+
+
+def eventually(look):
+    """What `look` returns as soon as that is true, or what it returns last."""
+    end = time.monotonic() + PATIENCE
+    while True:
+        try:
+            seen = look()
+        except GLib.Error:  # what was looked at has gone meanwhile
+            seen = None
+        if seen or time.monotonic() > end:
+            return seen
+        time.sleep(0.05)
+
+
+class Element:
+    """Something on the screen, with what is in it."""
+
+    def __init__(self, node):
+        self.node = node
+
+    @property
+    def name(self):
+        return self.node.get_name()
+
+    @property
+    def role(self):
+        return self.node.get_role_name()
+
+    def has(self, state):
+        return self.node.get_state_set().contains(state)
+
+    def children(self):
+        self.node.clear_cache()
+        found = (self.node.get_child_at_index(i) for i in range(self.node.get_child_count()))
+        return [Element(child) for child in found if child is not None]
+
+    def shown(self):
+        """All that is shown in it, in the order in which it is read."""
+        for child in self.children():
+            if child.has(Atspi.StateType.VISIBLE):
+                yield child
+                yield from child.shown()
+
+    def everything(self):
+        """All that is in it, whether it is shown or not: what menus hold is not, until they open."""
+        for child in self.children():
+            yield child
+            yield from child.everything()
+
+    def read(self):
+        """What is read: the role and the name of everything that has one."""
+        return [(element.role, element.name) for element in self.shown() if element.name]
+
+    def find(self, role, name):
+        """The element, waited for; None where it does not come up."""
+        among = self.everything if role == "menu item" else self.shown
+        return eventually(lambda: next(
+            (element for element in among() if (element.role, element.name) == (role, name)),
+            None))
+
+    def act(self):
+        """Does what a click would do."""
+        if not self.node.do_action(0):
+            raise AssertionError(f"{self.role} {self.name} does nothing")
+
+
+class ApplicationTestCase(unittest.TestCase):
+    """The real application, started anew for each test with nothing stored."""
+
+    def setUp(self):
+        self.domain = HOME / ".config/BLNKWLPLUS.app.blankwell.BlankwellPlus.plist"
+
+    def start(self, *arguments):
+        environment = {**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        self.process = subprocess.Popen([APPLICATION, *arguments], env=environment)
+        self.addCleanup(self.stop)
+
+    def stop(self):
+        self.process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.process.wait(PATIENCE), 0)
+
+    def windows(self):
+        return [window for application in Element(Atspi.get_desktop(0)).children()
+                if application.node.get_process_id() == self.process.pid
+                for window in application.children()]
+
+    def window(self, title):
+        """The window titled so, waited for."""
+        found = eventually(lambda: next(
+            (window for window in self.windows()
+             if window.name == title and window.has(Atspi.StateType.VISIBLE)), None))
+        self.assertIsNotNone(found, f"no window {title}")
+        return found
+
+    def element(self, window, role, name):
+        found = window.find(role, name)
+        self.assertIsNotNone(found, f"no {role} {name}")
+        return found
+
+    def stored(self, key):
+        """What the preferences domain on the disk holds."""
+        if not self.domain.exists():
+            return None
+        return plistlib.loads(self.domain.read_bytes()).get(key)
+
+    def is_open(self, title):
+        """Whether a window titled so is shown now."""
+        return any(window.name == title and window.has(Atspi.StateType.VISIBLE)
+                   for window in self.windows())
+
+    def assert_eventually(self, look, message=None):
+        self.assertTrue(eventually(look), message)
