@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <QStyle>
 
 #include <algorithm>
@@ -78,13 +79,15 @@ void QuickCreateList::setSections(std::vector<QuickCreateSection> sections) {
     }
     const auto before = std::exchange(shown_, std::move(shown));
     orderTabs();
-    arrange();
+    setUpdatesEnabled(false); // one painting at the end in place of one for each change
     for (auto* const tile : before) {
         tile->setVisible(std::ranges::find(shown_, tile) != shown_.end());
     }
+    arrange();
     for (auto* const tile : shown_) {
         tile->setVisible(true);
     }
+    setUpdatesEnabled(true);
 }
 
 bool QuickCreateList::focusFirstTile() {
@@ -118,14 +121,25 @@ TextLabel& QuickCreateList::titleOf(const QuickCreateSection& section) {
 }
 
 void QuickCreateList::orderTabs() {
+    // A search leaves tiles out, and the order as it is.
+    auto next = tabOrder_.begin();
+    const bool isOrdered = std::ranges::all_of(shown_, [&](auto* tile) {
+        next = std::find(next, tabOrder_.end(), tile);
+        return next != tabOrder_.end();
+    });
+    if (isOrdered) {
+        return;
+    }
     for (std::size_t i = 1; i < shown_.size(); ++i) {
         setTabOrder(shown_[i - 1], shown_[i]);
     }
+    tabOrder_ = shown_;
 }
 
 void QuickCreateList::arrange() {
     for (const auto& [name, title] : titles_) {
-        title->hide();
+        title->setVisible(std::ranges::find(sections_, name, &QuickCreateSection::title) !=
+                          sections_.end());
     }
     int height = 0;
     const int tileHeight = shown_.empty() ? 0 : shown_.front()->sizeHint().height();
@@ -210,7 +224,9 @@ void QuickCreateList::focusTile(FileTypeTileButton& tile) {
 
 void QuickCreateList::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    arrange();
+    if (event->size().width() != event->oldSize().width()) {
+        arrange();
+    }
 }
 
 void QuickCreateList::changeEvent(QEvent* event) {

@@ -72,6 +72,7 @@ private:
     std::vector<QuickCreateSection> sections_;
     TileGrid grid_;
     std::vector<FileTypeTileButton*> shown_;
+    std::vector<FileTypeTileButton*> tabOrder_;
     std::map<std::string, FileTypeTileButton*, std::less<>> tiles_;
     std::map<std::string_view, TextLabel*> titles_;
     SymbolLabel* emptySymbol_;

@@ -167,7 +167,7 @@ void QuickCreatePanelView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawShape(painter, rect(),
               {.radius = metrics::panelRadius,
-               .fill = theme_.color(ColorRole::windowBackground),
+               .fill = Qt::transparent, // the palette has filled the window
                .outline = theme_.color(ColorRole::separator)});
 }
 

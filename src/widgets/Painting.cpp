@@ -13,7 +13,7 @@ void drawShape(QPainter& painter, const QRectF& rect, const Shape& shape) {
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isOutlined = shape.outline.alpha() > 0;
     const auto inset = isOutlined ? shape.outlineWidth / 2 : 0.0;
-    painter.setBrush(shape.fill);
+    painter.setBrush(shape.fill.alpha() > 0 ? QBrush(shape.fill) : QBrush());
     painter.setPen(isOutlined ? QPen(shape.outline, shape.outlineWidth) : QPen(Qt::NoPen));
     const auto radius = std::max(shape.radius - inset, 0.0);
     painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
