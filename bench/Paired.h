@@ -17,10 +17,17 @@ double nanosecondsOf(Work& work) {
         .count();
 }
 
+/// The value that the share `share` of the values lies below: the median for 0.5. There must be
+/// one.
+inline double quantileOf(std::vector<double>& values, double share) {
+    const auto place =
+        values.begin() + static_cast<std::ptrdiff_t>(static_cast<double>(values.size()) * share);
+    std::ranges::nth_element(values, place);
+    return *place;
+}
+
 inline double medianOf(std::vector<double>& values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
+    return quantileOf(values, 0.5);
 }
 
 /// Times `work` and `floor` in turn, so that a machine whose speed drifts is equally slow for both,

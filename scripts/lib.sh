@@ -20,7 +20,10 @@ test_packages=(libgtest-dev libgmock-dev
     python3-gi gir1.2-atspi-2.0)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clang-tools-19)
-bench_packages=(libbenchmark-dev)
+bench_packages=(libbenchmark-dev
+    # the application on a desktop, and what it is compared with
+    xvfb openbox dbus-daemon xfconf xfce4-panel libglib2.0-bin rofi
+    libxcb-xtest0-dev libxcb-damage0-dev)
 
 # Runs a command as root: as it is, or through sudo.
 as_root() {

@@ -28,6 +28,9 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+    /// Its process id.
+    [[nodiscard]] pid_t process() const { return process_; }
+
     /// Lets it hang: it keeps its windows and names and does nothing any more.
     void hang() const;
 
