@@ -54,7 +54,11 @@ void addSubmenu(Parent& menu, const CommandSubmenu& submenu, MainQueue& mainQueu
 template <typename Parent>
 void clear(Parent& menu) {
     menu.clear();
-    qDeleteAll(menu.template findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    for (auto* const child : menu.template findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        // A menu that is destroyed with entries in it leaves them behind in the exported menu.
+        clear(*child);
+        delete child;
+    }
 }
 
 } // namespace
