@@ -47,6 +47,7 @@ std::string FolderAccessSetupModel::summary() const {
 
 std::vector<FolderRootRow> FolderAccessSetupModel::rows() const {
     std::vector<FolderRootRow> rows;
+    rows.reserve(authorizedFolders_.size());
     for (const auto& root : authorizedFolders_) {
         rows.push_back({.root = root, .name = displayName(root), .symbol = symbol(root)});
     }

@@ -73,11 +73,11 @@ public:
     /// Sets what is told of each hot key that does not work though nobody gave it back. It is still
     /// to be given back. Replaces the previous one. A service that keeps what it has registered
     /// never calls it.
-    virtual void onLoss(LossHandler /*handler*/) {}
+    virtual void onLoss(const LossHandler& /*handler*/) {}
 
     /// Sets what is told of each hot key that the desktop gives later than it was registered, also
     /// after a loss. Replaces the previous one. Only a service that has to ask calls it.
-    virtual void onGift(GiftHandler /*handler*/) {}
+    virtual void onGift(const GiftHandler& /*handler*/) {}
 };
 
 } // namespace blankwell

@@ -66,9 +66,9 @@ public:
         return reference;
     }
 
-    void onLoss(LossHandler handler) override { lossHandler = std::move(handler); }
+    void onLoss(const LossHandler& handler) override { lossHandler = handler; }
 
-    void onGift(GiftHandler handler) override { giftHandler = std::move(handler); }
+    void onGift(const GiftHandler& handler) override { giftHandler = handler; }
 
     /// Takes a registered hot key away as the desktop may at any time.
     void lose(Combination combination, HotKeyStatus status) {

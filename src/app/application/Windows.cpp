@@ -16,8 +16,8 @@
 
 namespace blankwell {
 
-Windows::Windows(const Services& services, std::function<void()> lastClosed)
-    : services_(services),
+Windows::Windows(Services services, std::function<void()> lastClosed)
+    : services_(std::move(services)),
       lastClosed_(std::move(lastClosed)),
       helpCommands_([this](std::string_view id) { open(id); }, services_.settings,
                     services_.application),

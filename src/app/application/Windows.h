@@ -41,7 +41,7 @@ public:
     };
 
     /// `lastClosed` is called whenever the user has closed the last window that was shown.
-    Windows(const Services& services, std::function<void()> lastClosed);
+    Windows(Services services, std::function<void()> lastClosed);
     ~Windows();
 
     /// Brings the window of the scene `id` to the front; nothing where there is no such scene.

@@ -40,9 +40,9 @@ public:
     registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers, EventHotKeyID id) override;
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override;
 
-    void onLoss(LossHandler handler) override { lossHandler_ = std::move(handler); }
+    void onLoss(const LossHandler& handler) override { lossHandler_ = handler; }
 
-    void onGift(GiftHandler handler) override { giftHandler_ = std::move(handler); }
+    void onGift(const GiftHandler& handler) override { giftHandler_ = handler; }
 
     /// Sets what is told, once for each portal, that the desktop gives no shortcuts at all.
     /// Replaces the previous one.

@@ -9,7 +9,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace blankwell {
 
@@ -33,7 +32,7 @@ public:
     registerHotKey(std::uint32_t keyCode, std::uint32_t carbonModifiers, EventHotKeyID id) override;
     HotKeyStatus unregisterHotKey(HotKeyReference hotKey) override;
 
-    void onLoss(LossHandler handler) override { lossHandler_ = std::move(handler); }
+    void onLoss(const LossHandler& handler) override { lossHandler_ = handler; }
 
     /// Readable, and stays so, while there is something for `processEvents()`. Belongs to this
     /// object.
