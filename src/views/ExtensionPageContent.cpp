@@ -24,7 +24,7 @@ ExtensionPageContent extensionPageContent(std::string_view shortcut) {
                  "front. **blankwell types** lists all types."},
                 {"bolt.fill",
                  "Where the desktop gives programs no shortcuts, let one of its own run "
-                 "**blankwell-plus --action=quick-create**."},
+                 "**blankwell quick-create**."},
             },
     };
 }

@@ -17,7 +17,10 @@ constexpr int symbolSize = 34;
 TextLabel* makeText(const Theme& theme, std::string_view text, TextStyle style,
                     ColorRole color = ColorRole::label) {
     return new TextLabel(theme, text,
-                         {.style = style, .color = color, .overflow = TextLabel::Overflow::wrap});
+                         {.style = style,
+                          .color = color,
+                          .overflow = TextLabel::Overflow::wrap,
+                          .markup = TextLabel::Markup::boldRuns});
 }
 
 QLayout* makeRow(const Theme& theme, std::string_view symbol, TextLabel* text) {
