@@ -43,7 +43,6 @@ OnboardingView::OnboardingView(const Theme& theme, AppSettings& settings, QWidge
       dots_(new PageDots(theme, static_cast<int>(OnboardingModel::pageCount))) {
     setWindowModality(Qt::WindowModal);
     layOut();
-    turn_ = new PageTurn(theme, *area_);
     subscriptions_.push_back(settings.quickCreateShortcut.observe(
         [this](const auto& shortcut) { showPages(shortcut.displayString()); }));
     subscriptions_.push_back(
@@ -64,6 +63,7 @@ void OnboardingView::layOut() {
     column->addWidget(area_, 1);
     column->addWidget(new Separator(theme_));
     addFooter(*column);
+    turn_ = new PageTurn(theme_, *area_);
 }
 
 void OnboardingView::addFooter(QBoxLayout& column) {

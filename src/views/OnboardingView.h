@@ -56,7 +56,7 @@ private:
     OnboardingModel model_;
     ScrollArea* area_;
     QStackedWidget* pages_;
-    PageTurn* turn_;
+    PageTurn* turn_{};
     PageDots* dots_;
     std::map<OnboardingButton, PushButton*> buttons_;
     std::vector<Subscription> subscriptions_;

@@ -38,8 +38,8 @@ QAbstractItemView& view(const FolderDialog& dialog) {
     return *dialog.findChild<QAbstractItemView*>("listView");
 }
 
-/// Waits until the folder's three folders are read, and gives the names shown. They come one after the
-/// other and are sorted later, so their order is not yet the one that a user sees.
+/// Waits until the folder's three folders are read, and gives the names shown. They come one after
+/// the other and are sorted later, so their order is not yet the one that a user sees.
 QStringList names(const FolderDialog& dialog) {
     const auto& items = view(dialog);
     EXPECT_TRUE(
