@@ -57,7 +57,7 @@ void FileTypeTileButton::drawGround(QPainter& painter) const {
 }
 
 void FileTypeTileButton::drawContent(QPainter& painter) const {
-    const QRectF square(tilePadding, (height() - tileSymbolSquare) / 2, tileSymbolSquare,
+    const QRectF square(tilePadding, (height() - tileSymbolSquare) / 2.0, tileSymbolSquare,
                         tileSymbolSquare);
     drawShape(painter, mirrored(square, *this),
               {.radius = metrics::tileSymbolRadius, .fill = theme_.color(ColorRole::accent, 0.12)});

@@ -184,7 +184,7 @@ void QuickCreatePanelView::refreshSearchText() {
 
 void QuickCreatePanelView::refreshDestination() {
     const auto mode = controller_.destinationMode.get();
-    const auto place = std::ranges::find(allCreationDestinationModes, mode);
+    const auto* const place = std::ranges::find(allCreationDestinationModes, mode);
     destination_->select(static_cast<int>(place - allCreationDestinationModes.begin()));
 }
 

@@ -39,6 +39,7 @@ QHBoxLayout* leadingRow(QWidget& row) {
 
 std::vector<SegmentedControl::Title> destinationTitles() {
     std::vector<SegmentedControl::Title> titles;
+    titles.reserve(destinationSegments.size());
     for (const auto& segment : destinationSegments) {
         titles.push_back(
             {.text = std::string(segment.title), .symbol = std::string(segment.symbol)});

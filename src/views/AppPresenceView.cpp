@@ -46,7 +46,7 @@ AppPresenceView::AppPresenceView(const Theme& theme, AppSettings& settings, QWid
 
 void AppPresenceView::render(AppPresence presence) {
     const auto segments = presenceSegments();
-    const auto found = std::ranges::find(segments, presence, &PresenceSegment::presence);
+    const auto* const found = std::ranges::find(segments, presence, &PresenceSegment::presence);
     picker_->select(static_cast<int>(found - segments.begin()));
     description_->setText(found->description);
 }

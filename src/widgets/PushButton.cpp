@@ -19,6 +19,14 @@ QString titleOf(const QPushButton& button) {
     return button.text().replace("&&", "&");
 }
 
+/// `pressed` while the button is held down, `hovered` while the pointer is over it, else 0.
+double emphasis(const QPushButton& button, double hovered, double pressed) {
+    if (button.isDown()) {
+        return pressed;
+    }
+    return button.isEnabled() && button.underMouse() ? hovered : 0;
+}
+
 } // namespace
 
 PushButton::PushButton(const Theme& theme, std::string_view title, Kind kind, QWidget* parent)
@@ -36,16 +44,14 @@ QSize PushButton::sizeHint() const {
 }
 
 QColor PushButton::fill() const {
-    const bool isHovered = isEnabled() && underMouse();
     if (kind_ == Kind::plain) {
         const auto ground = theme_.color(ColorRole::controlBackground);
-        const double shade = isDown() ? 0.12 : isHovered ? 0.05 : 0;
-        return blended(theme_.color(ColorRole::label, shade), ground);
+        return blended(theme_.color(ColorRole::label, emphasis(*this, 0.05, 0.12)), ground);
     }
     // Away from the text, so that it stays readable.
     const auto accent = theme_.color(ColorRole::accent);
     auto away = theme_.isDark() ? QColor(Qt::white) : QColor(Qt::black);
-    away.setAlphaF(isDown() ? 0.2F : isHovered ? 0.1F : 0.0F);
+    away.setAlphaF(static_cast<float>(emphasis(*this, 0.1, 0.2)));
     return blended(away, accent);
 }
 

@@ -69,9 +69,10 @@ void ScrollBarStyle::drawComplexControl(ComplexControl control, const QStyleOpti
     QRectF handle = handleRect(*bar);
     const auto margin = (handle.width() - handleWidth) / 2;
     handle.adjust(margin, margin, -margin, -margin);
-    const bool isHeld = bar->state.testFlag(State_Sunken);
-    const bool isHovered = bar->state.testFlag(State_MouseOver);
-    const double opacity = isHeld ? 0.55 : isHovered ? 0.4 : 0.22;
+    double opacity = bar->state.testFlag(State_MouseOver) ? 0.4 : 0.22;
+    if (bar->state.testFlag(State_Sunken)) {
+        opacity = 0.55;
+    }
     painter->save();
     drawShape(*painter, handle,
               {.radius = handleWidth / 2, .fill = theme_.color(ColorRole::label, opacity)});

@@ -59,11 +59,13 @@ bool QtMainQueue::Receiver::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void QtMainQueue::Receiver::drain() {
-    do {
+    isQuitting_ = false;
+    QCoreApplication::sendPostedEvents(this);
+    while (!waiting_.empty()) {
         isQuitting_ = false;
         work();
         QCoreApplication::sendPostedEvents(this);
-    } while (!waiting_.empty());
+    }
 }
 
 void QtMainQueue::Receiver::work() {
