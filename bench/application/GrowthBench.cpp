@@ -39,8 +39,10 @@ public:
 
     /// Waits until a menu changed, and then until nothing more of it changes.
     void awaitChange() {
-        if (!hearsWithin(milliseconds(5'000))) {
-            throw std::runtime_error("the menu was not rebuilt");
+        if (!hearsWithin(milliseconds(20'000))) {
+            throw std::runtime_error(isOnBus("org.kde.StatusNotifierWatcher")
+                                         ? "the menu was not rebuilt"
+                                         : "the bar is gone, and with it the menu");
         }
         while (hearsWithin(milliseconds(3))) {
         }
@@ -61,7 +63,11 @@ private:
             if (left.count() <= 0) {
                 return false;
             }
-            if (sd_bus_process(bus_.get(), nullptr) == 0) {
+            const int result = sd_bus_process(bus_.get(), nullptr);
+            if (result < 0) {
+                throw std::runtime_error("the session bus is gone");
+            }
+            if (result == 0) {
                 sd_bus_wait(bus_.get(), static_cast<std::uint64_t>(left.count()));
             }
         }

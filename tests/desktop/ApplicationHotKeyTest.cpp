@@ -103,7 +103,9 @@ TEST_F(ApplicationHotKeyTest, AShortcutThatAnotherProcessChangesIsGivenBackAndTh
     EXPECT_TRUE(othersCanTake(keyM));
     EXPECT_FALSE(othersCanTake(keyZ));
     settings->setEnabled(false, "md");
-    EXPECT_TRUE(eventually([] { return othersCanTake(keyZ); }));
+    // At the start, and after each change.
+    ASSERT_TRUE(eventually([] { return logged("Registered ⌃ + ⌥ + N hot key") == 3; }));
+    EXPECT_TRUE(othersCanTake(keyZ));
     EXPECT_FALSE(othersCanTake(keyN));
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/ApplicationFixture.h"
 #include "desktop/Desktop.h"
 #include "desktop/ShownStatusItem.h"
+#include "desktop/TestKeyboard.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,7 +29,31 @@ long filesIn(const FileUrl& folder) {
                          std::filesystem::directory_iterator());
 }
 
+/// Closes the main window as its user does.
+bool closeMainWindow() {
+    // A key that comes while the window manager turns to the window is lost.
+    return windowAppears("Blankwell+") && eventually([] {
+               type("alt+F4");
+               return windowNumber("Blankwell+").empty();
+           });
+}
+
+bool isRunning() {
+    return isOnBus(busName);
+}
+
 using ApplicationTest = ApplicationFixture;
+
+/// Another program has the only hot key.
+struct ApplicationWithoutHotKeysTest : ApplicationFixture {
+    ApplicationWithoutHotKeysTest() {
+        EXPECT_TRUE(rival.grab(keyN, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1));
+    }
+
+    static constexpr std::uint32_t keyN = 45;
+
+    RivalProgram rival;
+};
 
 TEST_F(ApplicationTest, ASecondStartHandsItsUrlToTheRunningOneAndExits) {
     startInBackground();
@@ -137,11 +162,7 @@ TEST_F(ApplicationTest, AStatusBarThatIsMissingStillOpensTheWindowAgainAndIsLogg
     ASSERT_TRUE(eventually([] {
         return statesOf("Blankwell+").find("_NET_WM_STATE_SKIP_TASKBAR") == std::string::npos;
     }));
-    // A key that comes while the window manager turns to the window is lost.
-    ASSERT_TRUE(eventually([] {
-        type("alt+F4");
-        return windowNumber("Blankwell+").empty();
-    }));
+    ASSERT_TRUE(closeMainWindow());
     settings->appPresence.set(AppPresence::menuBarOnly);
     EXPECT_TRUE(windowAppears("Blankwell+"));
     EXPECT_EQ(logged("[StatusItem] The desktop shows no status items"), 1);
@@ -203,6 +224,29 @@ TEST_F(ApplicationTest, TheEndOfTheSessionEndsItInOrder) {
     EXPECT_EQ(application->terminate(), 0);
     application.reset();
     EXPECT_TRUE(windowIsGone("Create File"));
+}
+
+TEST_F(ApplicationTest, WithHotKeysItOutlivesItsLastWindow) {
+    start();
+    ASSERT_TRUE(closeMainWindow());
+    EXPECT_FALSE(eventually([] { return !isRunning(); }, std::chrono::seconds(1)));
+}
+
+TEST_F(ApplicationWithoutHotKeysTest, ItEndsWithItsLastWindow) {
+    start();
+    ASSERT_TRUE(closeMainWindow());
+    EXPECT_TRUE(eventually([] { return !isRunning(); }));
+}
+
+TEST_F(ApplicationWithoutHotKeysTest, WithAStatusItemItOutlivesItsLastWindow) {
+    settings->appPresence.set(AppPresence::menuBarOnly);
+    settings->hasCompletedOnboarding.set(true);
+    const Program bar({"xfce4-panel", "--disable-wm-check"});
+    start();
+    ASSERT_TRUE(eventually([] { return ShownStatusItem::find().has_value(); }));
+    ASSERT_TRUE(bringToFront("Blankwell+"));
+    ASSERT_TRUE(closeMainWindow());
+    EXPECT_FALSE(eventually([] { return !isRunning(); }, std::chrono::seconds(1)));
 }
 
 TEST_F(ApplicationTest, WrongArgumentsAreRefused) {

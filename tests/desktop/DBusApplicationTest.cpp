@@ -74,6 +74,7 @@ TEST_F(DBusApplicationTest, ABusThatHangsTakesNothing) {
 }
 
 TEST_F(DBusApplicationTest, WithoutASessionBusNothingIsTaken) {
+    const PrivateBus restoresTheEnvironment;
     ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere", 1);
     EXPECT_EQ(ask(), Request::notTaken);
     EXPECT_THAT(description, HasSubstr("The session bus cannot be reached"));

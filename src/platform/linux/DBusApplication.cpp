@@ -30,7 +30,7 @@ constexpr std::array undelivered = {
 constexpr std::string_view startFailed = "org.freedesktop.DBus.Error.Spawn.";
 
 bool isUndelivered(const BusError& error) {
-    return error.wasNeverSent() || error.name.starts_with(startFailed) ||
+    return error.name.starts_with(startFailed) ||
            std::ranges::find(undelivered, error.name) != undelivered.end();
 }
 
@@ -39,6 +39,9 @@ std::unexpected<HandOverFailure> notTaken(std::string_view reason) {
 }
 
 SessionApplication::Taken failure(const BusError& error) {
+    if (error.wasNeverSent()) {
+        return notTaken(error.message);
+    }
     if (error.name == serviceUnknown) {
         return notTaken(
             "Blankwell+ is not running, and the session does not know how to start it.");
@@ -77,7 +80,7 @@ SessionApplication::Taken DBusApplication::activateAction(std::string_view actio
 SessionApplication::Taken DBusApplication::ask(const std::string& member,
                                                const Arguments& appendTo) const {
     const Deadline deadline(patience_.running);
-    auto bus = SessionBus::connect(deadline);
+    auto bus = SessionBus::beginToConnect();
     if (!bus) {
         return notTaken(bus.error().description);
     }

@@ -4,19 +4,6 @@
 #include "platform/linux/PortalTrigger.h"
 
 namespace blankwell {
-namespace {
-
-class TriggeredHotKey : public HotKeyEvent {
-public:
-    explicit TriggeredHotKey(EventHotKeyID id) : id_(id) {}
-
-    std::expected<EventHotKeyID, HotKeyStatus> hotKeyID() const override { return id_; }
-
-private:
-    EventHotKeyID id_;
-};
-
-} // namespace
 
 PortalHotKeyService::PortalHotKeyService(Describe describe)
     : describe_(std::move(describe)),
@@ -29,13 +16,11 @@ PortalHotKeyService::PortalHotKeyService(Describe describe)
 
 std::expected<HotKeyService::HandlerReference, HotKeyStatus>
 PortalHotKeyService::installHandler(Handler handler) {
-    const auto reference = HandlerReference{++lastReference_};
-    handlers_.emplace(reference, std::move(handler));
-    return reference;
+    return handlers_.install(std::move(handler));
 }
 
 void PortalHotKeyService::removeHandler(HandlerReference handler) {
-    handlers_.erase(handler);
+    handlers_.remove(handler);
 }
 
 std::expected<HotKeyService::HotKeyReference, HotKeyStatus>
@@ -88,13 +73,7 @@ void PortalHotKeyService::handlePress(const std::string& shortcut) {
     if (hotKey == hotKeys_.end()) {
         return;
     }
-    const TriggeredHotKey event(hotKey->second.id);
-    // A handler may register, unregister, and remove handlers.
-    for (const auto handlers = handlers_; const auto& [reference, handler] : handlers) {
-        if (handlers_.contains(reference)) {
-            handler(event);
-        }
-    }
+    handlers_.call(hotKey->second.id);
 }
 
 void PortalHotKeyService::handleGiven(const GivenShortcuts& given) {

@@ -2,6 +2,7 @@
 
 #include "platform/HotKeyService.h"
 #include "platform/linux/GlobalShortcutsPortal.h"
+#include "platform/linux/HotKeyHandlers.h"
 #include "platform/linux/KeyCombination.h"
 
 #include <cstdint>
@@ -68,7 +69,7 @@ private:
     void changeLater();
 
     Describe describe_;
-    std::map<HandlerReference, Handler> handlers_;
+    HotKeyHandlers handlers_;
     /// By the portal's id.
     std::map<std::string, HotKey> hotKeys_;
     std::map<HotKeyReference, std::string> references_;

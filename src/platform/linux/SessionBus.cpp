@@ -6,7 +6,8 @@
 #include <systemd/sd-bus.h>
 
 #include <cerrno>
-#include <cstring>
+#include <limits>
+#include <optional>
 
 namespace blankwell {
 namespace {
@@ -21,22 +22,25 @@ std::uint64_t microseconds(const Deadline& deadline) {
     return static_cast<std::uint64_t>(deadline.remaining().count());
 }
 
-/// What sd-bus says about a failed call.
-struct CallError {
-    CallError() = default;
+/// What a call has come to; nothing before it has.
+using Answer = std::expected<BusMessage, BusError>;
 
-    ~CallError() { sd_bus_error_free(&value); }
-
-    CallError(const CallError&) = delete;
-    CallError& operator=(const CallError&) = delete;
-
-    [[nodiscard]] BusError described(int result) const {
-        const auto* const name = value.name == nullptr ? SD_BUS_ERROR_FAILED : value.name;
-        return {name, value.message == nullptr ? std::strerror(-result) : value.message};
+int takeAnswer(sd_bus_message* message, void* answer, sd_bus_error* /*unused*/) {
+    auto& taken = *static_cast<std::optional<Answer>*>(answer);
+    if (const auto* const error = sd_bus_message_get_error(message)) {
+        taken =
+            std::unexpected(BusError{error->name, error->message == nullptr ? "" : error->message});
+    } else {
+        taken = BusMessage(sd_bus_message_ref(message));
     }
+    return 0;
+}
 
-    sd_bus_error value{};
+struct ForgetCall {
+    void operator()(sd_bus_slot* call) const { sd_bus_slot_unref(call); }
 };
+
+using PendingCall = std::unique_ptr<sd_bus_slot, ForgetCall>;
 
 } // namespace
 
@@ -45,11 +49,16 @@ void SessionBus::Close::operator()(sd_bus* bus) const {
 }
 
 std::expected<SessionBus, SystemError> SessionBus::connect(const Deadline& deadline) {
+    auto bus = beginToConnect();
+    return bus ? greeted(*std::move(bus), deadline) : std::move(bus);
+}
+
+std::expected<SessionBus, SystemError> SessionBus::beginToConnect() {
     sd_bus* opened = nullptr;
     if (const int result = sd_bus_open_user(&opened); result < 0) {
         return failure(result, unreachable);
     }
-    return greeted(SessionBus(opened), deadline);
+    return SessionBus(opened);
 }
 
 std::expected<SessionBus, SystemError> SessionBus::connectTo(const std::string& address,
@@ -130,19 +139,30 @@ std::expected<BusMessage, SystemError> SessionBus::call(const BusMessage& messag
 
 std::expected<BusMessage, BusError> SessionBus::ask(const BusMessage& message, AutoStart autoStart,
                                                     const Deadline& deadline) {
-    if (message.status() < 0 || deadline.hasPassed()) {
-        const int result = message.status() < 0 ? message.status() : -ETIMEDOUT;
+    const auto wait = std::numeric_limits<std::uint64_t>::max(); // the deadline ends it
+    std::optional<Answer> answer;
+    sd_bus_slot* slot = nullptr;
+    int result = message.status();
+    if (result >= 0) {
+        sd_bus_message_set_auto_start(message.get(), autoStart == AutoStart::yes ? 1 : 0);
+        result = sd_bus_call_async(bus_.get(), &slot, message.get(), takeAnswer, &answer, wait);
+    }
+    if (result < 0) {
         return std::unexpected(BusError{.message = posixError(-result, unreachable).description});
     }
-    sd_bus_message_set_auto_start(message.get(), autoStart == AutoStart::yes ? 1 : 0);
-    CallError error;
-    sd_bus_message* reply = nullptr;
-    const int result =
-        sd_bus_call(bus_.get(), message.get(), microseconds(deadline), &error.value, &reply);
-    if (result < 0) {
-        return std::unexpected(error.described(result));
+    const PendingCall call(slot);
+    bool isSent = false;
+    const auto isAnswered = [&] {
+        isSent = isSent || hasWrittenAll();
+        return answer.has_value();
+    };
+    if (const auto done = processUntil(isAnswered, deadline); !done) {
+        answer = std::unexpected(BusError{SD_BUS_ERROR_NO_REPLY, done.error().description});
     }
-    return BusMessage(reply);
+    if (!isSent && !*answer) {
+        answer->error().name.clear();
+    }
+    return *std::move(answer);
 }
 
 std::expected<void, SystemError> SessionBus::send(const BusMessage& message, AutoStart autoStart,
@@ -156,11 +176,12 @@ std::expected<void, SystemError> SessionBus::send(const BusMessage& message, Aut
     if (result < 0) {
         return failure(result, unreachable);
     }
-    const auto isWritten = [&] {
-        std::uint64_t queued = 0;
-        return sd_bus_get_n_queued_write(bus_.get(), &queued) >= 0 && queued == 0;
-    };
-    return processUntil(isWritten, deadline);
+    return processUntil([this] { return hasWrittenAll(); }, deadline);
+}
+
+bool SessionBus::hasWrittenAll() const {
+    std::uint64_t queued = 0;
+    return sd_bus_get_n_queued_write(bus_.get(), &queued) >= 0 && queued == 0;
 }
 
 std::expected<void, SystemError> SessionBus::processUntil(const std::function<bool()>& isDone,

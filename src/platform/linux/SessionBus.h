@@ -36,6 +36,9 @@ public:
     /// Connects to the bus that the environment names.
     static std::expected<SessionBus, SystemError> connect(const Deadline& deadline);
 
+    /// Begins to connect to it and does not wait: what is asked first goes out with the greeting.
+    static std::expected<SessionBus, SystemError> beginToConnect();
+
     /// Connects to another bus, at `address`.
     static std::expected<SessionBus, SystemError> connectTo(const std::string& address,
                                                             const Deadline& deadline);
@@ -74,6 +77,7 @@ private:
     explicit SessionBus(sd_bus* bus) : bus_(bus) {}
 
     static std::expected<SessionBus, SystemError> greeted(SessionBus bus, const Deadline& deadline);
+    [[nodiscard]] bool hasWrittenAll() const;
     std::expected<void, SystemError> processUntil(const std::function<bool()>& isDone,
                                                   const Deadline& deadline);
     std::expected<std::vector<std::string>, SystemError> listNames(std::string member,

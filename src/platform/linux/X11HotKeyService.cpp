@@ -12,19 +12,6 @@
 #include <unistd.h>
 
 namespace blankwell {
-namespace {
-
-class PressedHotKey : public HotKeyEvent {
-public:
-    explicit PressedHotKey(EventHotKeyID id) : id_(id) {}
-
-    std::expected<EventHotKeyID, HotKeyStatus> hotKeyID() const override { return id_; }
-
-private:
-    EventHotKeyID id_;
-};
-
-} // namespace
 
 X11HotKeyService::X11HotKeyService(const std::string& display)
     : wakeUps_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
@@ -39,13 +26,11 @@ X11HotKeyService::X11HotKeyService(const std::string& display)
 
 std::expected<HotKeyService::HandlerReference, HotKeyStatus>
 X11HotKeyService::installHandler(Handler handler) {
-    const auto reference = HandlerReference{++lastReference_};
-    handlers_.emplace(reference, std::move(handler));
-    return reference;
+    return handlers_.install(std::move(handler));
 }
 
 void X11HotKeyService::removeHandler(HandlerReference handler) {
-    handlers_.erase(handler);
+    handlers_.remove(handler);
 }
 
 std::expected<HotKeyService::HotKeyReference, HotKeyStatus>
@@ -133,13 +118,7 @@ void X11HotKeyService::handlePress(const KeyCombination& combination) {
     if (hotKey == hotKeys_.end()) {
         return;
     }
-    const PressedHotKey event(hotKey->second.id);
-    // A handler may register, unregister, and remove handlers.
-    for (const auto handlers = handlers_; const auto& [reference, handler] : handlers) {
-        if (handlers_.contains(reference)) {
-            handler(event);
-        }
-    }
+    handlers_.call(hotKey->second.id);
 }
 
 void X11HotKeyService::handleMapChange() {

@@ -2,6 +2,7 @@
 
 #include "platform/HotKeyService.h"
 #include "platform/linux/FileDescriptor.h"
+#include "platform/linux/HotKeyHandlers.h"
 #include "platform/linux/X11GlobalKeys.h"
 
 #include <cstdint>
@@ -67,7 +68,7 @@ private:
     FileDescriptor readiness_;
     /// Null where there is no X server, or none any more.
     std::unique_ptr<X11GlobalKeys> keys_;
-    std::map<HandlerReference, Handler> handlers_;
+    HotKeyHandlers handlers_;
     HotKeys hotKeys_;
     LossHandler lossHandler_ = [](const auto&...) {};
     std::uint64_t lastReference_ = 0;
