@@ -20,6 +20,8 @@ test_packages=(libgtest-dev libgmock-dev
     python3-gi gir1.2-atspi-2.0)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
+# the pictures of the documentation, and the font in them
+screenshot_packages=(pngquant fonts-inter)
 bench_packages=(libbenchmark-dev
     # the application on a desktop, and what it is compared with
     xvfb openbox dbus-daemon xfconf xfce4-panel libglib2.0-bin rofi

@@ -1,6 +1,7 @@
 #include "quickcreate/FileTypeTileButton.h"
 
 #include "quickcreate/QuickCreateContents.h"
+#include "widgets/FocusVisibility.h"
 #include "widgets/Keys.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -44,6 +45,10 @@ QSize FileTypeTileButton::sizeHint() const {
     return {165, std::max(tileSymbolSquare, textHeight()) + 2 * tilePadding};
 }
 
+QSize FileTypeTileButton::minimumSizeHint() const {
+    return {tileSymbolSquare + 2 * tilePadding, sizeHint().height()};
+}
+
 void FileTypeTileButton::drawGround(QPainter& painter) const {
     const bool isHovered = underMouse() || isDown();
     const auto fill = isHovered ? theme_.color(ColorRole::accent, isDown() ? 0.18 : 0.10)
@@ -51,7 +56,7 @@ void FileTypeTileButton::drawGround(QPainter& painter) const {
     const auto outline = isHovered ? theme_.color(ColorRole::accent, 0.42)
                                    : theme_.color(ColorRole::separator, 0.45);
     drawShape(painter, rect(), {.radius = metrics::tileRadius, .fill = fill, .outline = outline});
-    if (hasFocus()) {
+    if (showsFocus(*this)) {
         drawFocusOutline(painter, rect(), metrics::tileRadius, theme_.color(ColorRole::accent));
     }
 }

@@ -24,6 +24,9 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
+    /// Narrow enough for three beside each other; longer names are shortened.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

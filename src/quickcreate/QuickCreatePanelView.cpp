@@ -31,6 +31,9 @@ namespace {
 
 using metrics::panelMargin;
 
+/// The width of the line around the panel, which nothing covers.
+constexpr int outline = 1;
+
 std::vector<SegmentedControl::Title> destinationTitles() {
     std::vector<SegmentedControl::Title> titles;
     for (const auto mode : allCreationDestinationModes) {
@@ -76,13 +79,15 @@ QBoxLayout* QuickCreatePanelView::makeHeader() {
     connect(close, &QPushButton::clicked, this, [this] { controller_.closeQuickCreatePanel(); });
     setTabOrder(close, &search_->edit());
     auto* const header = new QHBoxLayout;
-    header->setContentsMargins(panelMargin, 4 * metrics::grid, panelMargin - metrics::grid, 0);
+    header->setContentsMargins(0, 4 * metrics::grid, 0, 0);
     header->setSpacing(2 * metrics::grid);
+    header->addSpacing(panelMargin);
     header->addWidget(
         new TextLabel(theme_, quick_create_texts::title, {.style = TextStyle::title3}));
     header->addStretch();
     header->addWidget(destination_);
     header->addWidget(close);
+    header->addSpacing(panelMargin - metrics::grid); // its symbol stands in line
     return header;
 }
 
@@ -93,11 +98,16 @@ void QuickCreatePanelView::layOut() {
     field->addWidget(search_);
 
     auto* const inset = new QWidget;
-    auto* const insetLayout = new QVBoxLayout(inset);
-    insetLayout->setContentsMargins(panelMargin, 0, panelMargin - ScrollArea::barWidth, 0);
-    insetLayout->addWidget(list_);
-    insetLayout->addStretch();
+    auto* const insetLayout = new QHBoxLayout(inset);
+    insetLayout->setContentsMargins({});
+    insetLayout->setSpacing(0);
+    insetLayout->addSpacing(panelMargin - outline);
+    insetLayout->addWidget(list_, 1, Qt::AlignTop);
+    insetLayout->addSpacing(panelMargin - outline - ScrollArea::barWidth);
     scroll_->setWidget(inset);
+    auto* const content = new QHBoxLayout;
+    content->setContentsMargins(outline, 0, outline, 0);
+    content->addWidget(scroll_);
 
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -106,7 +116,7 @@ void QuickCreatePanelView::layOut() {
     layout->addSpacing(3 * metrics::grid - metrics::focusRing);
     layout->addLayout(field);
     layout->addSpacing(2 * metrics::grid);
-    layout->addWidget(scroll_, 1);
+    layout->addLayout(content, 1);
     layout->addWidget(new Separator(theme_));
     layout->addWidget(footer_);
     setFocusProxy(search_);

@@ -1,5 +1,6 @@
 #include "settings/ShortcutRecorderControl.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
 #include "widgets/QtStrings.h"
@@ -281,7 +282,7 @@ void ShortcutRecorderControl::paintEvent(QPaintEvent* /*event*/) {
         drawShape(painter, rect(),
                   {.radius = radius, .fill = theme_.color(ColorRole::label, 0.04)});
     }
-    if (hasFocus() && !isRecording()) {
+    if (showsFocus(*this) && !isRecording()) {
         drawFocusOutline(painter, rect(), radius, theme_.color(ColorRole::accent));
     }
 

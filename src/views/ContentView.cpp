@@ -45,9 +45,14 @@ QWidget* inCard(const Theme& theme, QWidget* view) {
 ContentView::ContentView(const Services& services, QWidget* parent) : QWidget(parent) {
     auto* const content = new QWidget;
     content->setMaximumWidth(greatestWidth);
-    auto* const sections = new QVBoxLayout(content);
     constexpr int margin = metrics::mainWindowMargin;
-    sections->setContentsMargins(margin, margin, margin - ScrollArea::barWidth, margin);
+    auto* const row = new QHBoxLayout(content);
+    row->setContentsMargins(0, margin, 0, margin);
+    row->setSpacing(0);
+    auto* const sections = new QVBoxLayout;
+    row->addSpacing(margin);
+    row->addLayout(sections, 1);
+    row->addSpacing(margin - ScrollArea::barWidth);
     sections->setSpacing(metrics::cardSpacing);
     for (const auto section : allMainWindowSections) {
         sections->addWidget(makeSection(section, services));

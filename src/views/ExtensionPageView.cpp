@@ -40,9 +40,14 @@ ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, 
     : QWidget(parent) {
     const auto content = extensionPageContent({});
     auto* const page = new QWidget;
-    auto* const column = new QVBoxLayout(page);
     constexpr int margin = metrics::mainWindowMargin;
-    column->setContentsMargins(margin, margin, margin - ScrollArea::barWidth, margin);
+    auto* const row = new QHBoxLayout(page);
+    row->setContentsMargins(0, margin, 0, margin);
+    row->setSpacing(0);
+    auto* const column = new QVBoxLayout;
+    row->addSpacing(margin);
+    row->addLayout(column, 1);
+    row->addSpacing(margin - ScrollArea::barWidth);
     column->setSpacing(metrics::cardSpacing);
     column->addWidget(new SymbolLabel(theme, content.symbol, {.size = symbolSize}));
     column->addWidget(makeText(theme, content.title, TextStyle::title));
@@ -50,9 +55,9 @@ ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, 
         column->addWidget(
             makeText(theme, paragraph.text, TextStyle::body, ColorRole::secondaryLabel));
     }
-    for (const auto& row : content.rows) {
+    for (const auto& shown : content.rows) {
         rows_.push_back(makeText(theme, {}, TextStyle::body));
-        column->addLayout(makeRow(theme, row.symbol, rows_.back()));
+        column->addLayout(makeRow(theme, shown.symbol, rows_.back()));
     }
     column->addStretch(1);
 

@@ -1,5 +1,6 @@
 #include "views/FileTypeRow.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
 #include "widgets/QtStrings.h"
@@ -49,6 +50,7 @@ void FileTypeRow::layOut(const FileTypeDefinition& type) {
     row->setContentsMargins({});
     row->addStrut(metrics::rowHeight);
     row->setSpacing(metrics::symbolGap);
+    row->addSpacing(Switch::ringMargin);
     row->addWidget(
         new SymbolLabel(theme_, type.sfSymbolName,
                         {.size = metrics::symbolSize, .columnWidth = metrics::symbolColumn}));
@@ -156,9 +158,10 @@ void FileTypeRow::paintEvent(QPaintEvent* /*event*/) {
         drawShape(painter, rect(),
                   {.radius = metrics::buttonRadius, .fill = theme_.color(ColorRole::accent, 0.16)});
     } else if (!isFirst_) {
-        painter.fillRect(0, 0, width(), 1, theme_.color(ColorRole::separator));
+        constexpr int inset = Switch::ringMargin;
+        painter.fillRect(inset, 0, width() - 2 * inset, 1, theme_.color(ColorRole::separator));
     }
-    if (isDragged_ || underMouse() || toggle_->hasFocus()) {
+    if (isDragged_ || underMouse() || showsFocus(*toggle_)) {
         drawGrip(painter);
     }
 }

@@ -4,9 +4,11 @@
 #include "views/FileTypeRow.h"
 #include "widgets/Metrics.h"
 #include "widgets/QtStrings.h"
+#include "widgets/Switch.h"
 #include "widgets/TextLabel.h"
 
 #include <QAccessibleWidget>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,9 +34,13 @@ FileTypeSectionView::FileTypeSectionView(const Theme& theme, FileTypesListModel&
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(metrics::grid);
-    layout->addWidget(
+    auto* const title = new QHBoxLayout;
+    title->setContentsMargins(Switch::ringMargin, 0, Switch::ringMargin, 0);
+    title->addWidget(
         new TextLabel(theme, section.title,
                       {.style = TextStyle::sectionTitle, .color = ColorRole::secondaryLabel}));
+    title->addStretch();
+    layout->addLayout(title);
     column_->setSpacing(0);
     layout->addLayout(column_);
     for (const auto& row : section.rows) {

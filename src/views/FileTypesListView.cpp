@@ -19,6 +19,9 @@ FileTypesListView::FileTypesListView(const Theme& theme, AppSettings& settings,
                                      MainQueue& mainQueue, QWidget* parent)
     : Card(theme, parent), model_(settings) {
     content().setSpacing(metrics::cardSpacing);
+    // The rings of the switches are beyond what stands in line.
+    constexpr int side = metrics::cardPadding - Switch::ringMargin;
+    content().setContentsMargins(side, metrics::cardPadding, side, metrics::cardPadding);
     for (const auto& section : model_.sections()) {
         sections_.push_back(new FileTypeSectionView(theme, model_, section));
         content().addWidget(sections_.back());

@@ -4,9 +4,7 @@
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
 
-#include <QHBoxLayout>
-
-#include <algorithm>
+#include <QGridLayout>
 
 namespace blankwell {
 namespace {
@@ -27,28 +25,18 @@ QWidget* guideText(const Theme& theme, std::string_view text, ColorRole color,
 
 GuideItem::GuideItem(const Theme& theme, QWidget* mark, const Texts& texts, QWidget* parent)
     : QWidget(parent) {
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins({});
-    row->setSpacing(metrics::symbolGap);
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(metrics::symbolGap);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(mark, 0, 0, Qt::AlignVCenter);
     if (texts.title.empty()) {
-        row->addWidget(mark, 0, Qt::AlignVCenter);
-        row->addWidget(guideText(theme, texts.text, ColorRole::label), 1, Qt::AlignVCenter);
+        grid->addWidget(guideText(theme, texts.text, ColorRole::label), 0, 1, Qt::AlignVCenter);
         return;
     }
-    auto* const title = new TextLabel(theme, texts.title, titleLook);
-    const int markHeight = mark->sizeHint().expandedTo(mark->minimumSize()).height();
-    const int inset = (title->sizeHint().height() - markHeight) / 2;
-    auto* const markColumn = new QVBoxLayout;
-    markColumn->setContentsMargins(0, std::max(inset, 0), 0, 0);
-    markColumn->addWidget(mark);
-    auto* const textColumn = new QVBoxLayout;
-    textColumn->setContentsMargins(0, std::max(-inset, 0), 0, 0);
-    textColumn->setSpacing(2);
-    textColumn->addWidget(title);
-    textColumn->addWidget(guideText(theme, texts.text, ColorRole::secondaryLabel));
-    row->addLayout(markColumn);
-    row->setAlignment(markColumn, Qt::AlignTop);
-    row->addLayout(textColumn, 1);
+    grid->addWidget(new TextLabel(theme, texts.title, titleLook), 0, 1, Qt::AlignVCenter);
+    grid->addWidget(guideText(theme, texts.text, ColorRole::secondaryLabel), 1, 1);
 }
 
 GuideItem::GuideItem(const Theme& theme, std::string_view symbol, const Texts& texts,

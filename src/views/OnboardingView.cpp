@@ -157,9 +157,18 @@ void OnboardingView::showEvent(QShowEvent* event) {
 
 void OnboardingView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange && isVisible()) {
-        resize(sizeHint());
+        QMetaObject::invokeMethod(this, &OnboardingView::takeNewSize, Qt::QueuedConnection);
     }
     QDialog::changeEvent(event);
+}
+
+void OnboardingView::takeNewSize() {
+    // Those of pages that are not shown would not follow by themselves.
+    for (auto* const layout : pages_->findChildren<QLayout*>()) {
+        layout->invalidate();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    resize(sizeHint());
 }
 
 void OnboardingView::keyPressEvent(QKeyEvent* event) {

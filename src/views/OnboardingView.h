@@ -49,6 +49,7 @@ private:
     void showPages(std::string_view shortcut);
     void press(OnboardingButton button);
     void refresh();
+    void takeNewSize();
     bool turnsOrScrolls(QKeyEvent& event);
     [[nodiscard]] PushButton& primaryButton() const;
 

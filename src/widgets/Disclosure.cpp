@@ -18,7 +18,7 @@ Disclosure::Disclosure(const Theme& theme, std::string_view title, std::string_v
     content_->hide();
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSpacing(2 * metrics::grid);
+    layout->setSpacing(metrics::symbolGap);
     layout->addWidget(header_);
     layout->addWidget(content_);
     connect(header_, &QAbstractButton::toggled, this, [this](bool isExpanded) {

@@ -1,5 +1,6 @@
 #include "widgets/DisclosureHeader.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Keys.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -113,7 +114,7 @@ void DisclosureHeader::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(fontOf(TextStyle::headline));
     drawLine(painter, mirrored({left, 0, width() - left, double(height())}, *this),
              Qt::AlignLeading, title_, *this);
-    if (hasFocus()) {
+    if (showsFocus(*this)) {
         drawFocusOutline(painter, rect(), metrics::buttonRadius, theme_.color(ColorRole::accent));
     }
 }

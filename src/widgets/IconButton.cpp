@@ -1,5 +1,6 @@
 #include "widgets/IconButton.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Keys.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -39,7 +40,7 @@ void IconButton::paintEvent(QPaintEvent* /*event*/) {
             painter, rect(),
             {.radius = radius, .fill = theme_.color(ColorRole::label, isDown() ? 0.14 : 0.07)});
     }
-    if (hasFocus()) {
+    if (showsFocus(*this)) {
         drawFocusOutline(painter, rect(), radius, theme_.color(ColorRole::accent));
     }
     const int margin = metrics::grid;

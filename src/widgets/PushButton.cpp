@@ -1,5 +1,6 @@
 #include "widgets/PushButton.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Keys.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -65,7 +66,7 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
                .fill = fill(),
                .outline = isAccent ? QColor(Qt::transparent) : theme_.color(ColorRole::separator)});
     const auto text = theme_.color(isAccent ? ColorRole::textOnAccent : ColorRole::label);
-    if (hasFocus()) {
+    if (showsFocus(*this)) {
         const double inset = isAccent ? 2 : 0;
         drawFocusOutline(painter, bounds.adjusted(inset, inset, -inset, -inset),
                          metrics::buttonRadius - inset,

@@ -32,6 +32,21 @@ SearchField::SearchField(const Theme& theme, std::string_view prompt, QWidget* p
     setFocusProxy(edit_);
     setMinimumHeight(metrics::fieldHeight + 2 * metrics::focusRing);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    alignText();
+}
+
+/// Text begins at the symbol, also where its own letters run the other way.
+void SearchField::alignText() {
+    const Qt::Alignment side =
+        isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment(Qt::AlignLeading);
+    edit_->setAlignment(Qt::AlignVCenter | side);
+}
+
+void SearchField::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        alignText();
+    }
 }
 
 bool SearchField::eventFilter(QObject* watched, QEvent* event) {

@@ -26,8 +26,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void alignText();
+
     const Theme& theme_;
     QLineEdit* edit_;
 };

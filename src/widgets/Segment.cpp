@@ -1,5 +1,6 @@
 #include "widgets/Segment.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
 #include "widgets/QtStrings.h"
@@ -57,7 +58,7 @@ void Segment::paintEvent(QPaintEvent* /*event*/) {
                   {.radius = metrics::buttonRadius - 2,
                    .fill = theme_.color(ColorRole::label, isDown() ? 0.1 : 0.05)});
     }
-    if (hasFocus()) {
+    if (showsFocus(*this)) {
         drawFocusOutline(painter, ground, metrics::buttonRadius - 2,
                          theme_.color(ColorRole::accent));
     }

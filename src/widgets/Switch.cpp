@@ -1,5 +1,6 @@
 #include "widgets/Switch.h"
 
+#include "widgets/FocusVisibility.h"
 #include "widgets/Keys.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -12,8 +13,6 @@ namespace blankwell {
 namespace {
 
 constexpr double knobInset = 2;
-/// Room for the outline that shows the focus.
-constexpr int focusMargin = 3;
 
 QColor trackColor(const Theme& theme, double on) {
     return blended(theme.color(ColorRole::accent, on), theme.color(ColorRole::separator));
@@ -31,7 +30,7 @@ Switch::Switch(const Theme& theme, std::string_view name, QWidget* parent)
 }
 
 QSize Switch::sizeHint() const {
-    return {metrics::switchWidth + 2 * focusMargin, metrics::switchHeight + 2 * focusMargin};
+    return {metrics::switchWidth + 2 * ringMargin, metrics::switchHeight + 2 * ringMargin};
 }
 
 bool Switch::hitButton(const QPoint& place) const {
@@ -56,8 +55,8 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
                       side);
     drawShape(painter, mirrored(knob, *this),
               {.radius = side / 2, .fill = Qt::white, .outline = QColor(0, 0, 0, 30)});
-    if (hasFocus()) {
-        constexpr double margin = focusMargin;
+    if (showsFocus(*this)) {
+        constexpr double margin = ringMargin;
         drawFocusOutline(painter, track.adjusted(-margin, -margin, margin, margin),
                          track.height() / 2 + margin, theme_.color(ColorRole::accent));
     }

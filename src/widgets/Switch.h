@@ -17,6 +17,9 @@ class Switch : public QCheckBox {
     Q_OBJECT
 
 public:
+    /// How much larger it is than what it shows, on each side, for the ring that shows the focus.
+    static constexpr int ringMargin = 3;
+
     Switch(const Theme& theme, std::string_view name, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;

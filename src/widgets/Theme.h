@@ -2,6 +2,7 @@
 
 #include "base/Subscription.h"
 #include "widgets/Colors.h"
+#include "widgets/FocusVisibility.h"
 
 #include <QColor>
 
@@ -36,6 +37,7 @@ private:
 
     Appearance& appearance_;
     Subscription changes_;
+    FocusVisibility focusVisibility_;
 };
 
 } // namespace blankwell

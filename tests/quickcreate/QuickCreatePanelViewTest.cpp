@@ -4,6 +4,7 @@
 #include "quickcreate/QuickCreateFooterView.h"
 #include "support/FakeCreationController.h"
 #include "widgets/IconButton.h"
+#include "widgets/Metrics.h"
 #include "widgets/Segment.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
@@ -277,6 +278,14 @@ TEST_F(QuickCreatePanelViewTest, TheTileThatHasTheKeyboardIsScrolledIntoView) {
 TEST_F(QuickCreatePanelViewTest, ScreenReadersSeeEachTileAsAButtonWithNameAndExtension) {
     EXPECT_EQ(accessible(tile("md")).role(), QAccessible::PushButton);
     EXPECT_EQ(accessibleName(tile("md")), "Markdown, .md");
+}
+
+TEST_F(QuickCreatePanelViewTest, NothingCoversTheLineAroundIt) {
+    const auto image = imageOf(view);
+    for (int y = metrics::panelRadius; y < view.height() - metrics::panelRadius; ++y) {
+        ASSERT_EQ(image.pixelColor(0, y), theme.color(ColorRole::separator)) << y;
+        ASSERT_EQ(image.pixelColor(view.width() - 1, y), theme.color(ColorRole::separator)) << y;
+    }
 }
 
 TEST_F(QuickCreatePanelViewTest, AHoveredTileIsTintedWithTheAccent) {

@@ -1,103 +1,41 @@
-#include "settings/AppSettings.h"
-#include "support/FakeAppearance.h"
-#include "support/FakeLog.h"
-#include "support/FakeUserDefaults.h"
-#include "views/CreationGuideView.h"
-#include "views/HelpContent.h"
-#include "views/HelpView.h"
-#include "views/OnboardingView.h"
-#include "widgets/Theme.h"
+#include "screenshots/ShownViews.h"
+#include "support/Stage.h"
 
-#include <QAbstractButton>
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
+#include <QScreen>
 #include <QTest>
 
 #include <cstdio>
-#include <functional>
-#include <memory>
-#include <vector>
 
 namespace blankwell {
 namespace {
 
-using View = std::unique_ptr<QWidget>;
-
-/// What the views show: the settings that a new user has, on a desktop without motion.
-struct Stage {
-    explicit Stage(ColorScheme scheme) { desktop.set({.scheme = scheme, .reducesMotion = true}); }
-
-    FakeAppearance desktop;
-    Theme theme{desktop};
-    FakeUserDefaults defaults;
-    FakeLog log;
-    AppSettings settings{defaults, log};
-};
-
-/// Presses the button titled `title`, which must be there.
-void press(QWidget& view, const QString& title) {
-    for (auto* const button : view.findChildren<QAbstractButton*>()) {
-        if (button->text() == title) {
-            button->click();
-            return;
-        }
-    }
-    qFatal("no button is titled %s", qPrintable(title));
+/// That of many desktops, so that the pictures are the same wherever they are made.
+QFont font() {
+    QFont result("Inter");
+    result.setPointSizeF(9.75);
+    return result;
 }
 
-View onboarding(Stage& stage, int page) {
-    auto view = std::make_unique<OnboardingView>(stage.theme, stage.settings, nullptr);
-    for (int shown = 1; shown < page; ++shown) {
-        press(*view, "Next");
-    }
-    return view;
-}
-
-View help(Stage& stage) {
-    return std::make_unique<HelpView>(stage.theme, helpContent("Version 1.0"));
-}
-
-View creationGuide(Stage& stage) {
-    auto view = std::make_unique<CreationGuideView>(stage.theme, stage.settings);
-    view->resize(560, view->heightForWidth(560));
-    return view;
-}
-
-struct Picture {
-    const char* name;
-    std::function<View(Stage&)> make;
-};
-
-/// To show another view in the documentation, add it here.
-const std::vector<Picture>& pictures() {
-    static const std::vector<Picture> all{
-        {"onboarding-1", [](Stage& stage) { return onboarding(stage, 1); }},
-        {"onboarding-2", [](Stage& stage) { return onboarding(stage, 2); }},
-        {"onboarding-3", [](Stage& stage) { return onboarding(stage, 3); }},
-        {"onboarding-4", [](Stage& stage) { return onboarding(stage, 4); }},
-        {"help", help},
-        {"creation-guide", creationGuide},
-    };
-    return all;
-}
-
-bool save(QWidget& view, const QString& file) {
+bool save(QWidget& view, Stage& stage, const QString& file) {
     view.show();
     if (!QTest::qWaitForWindowExposed(&view)) {
         return false;
     }
+    stage.mainQueue.run();
     QCoreApplication::processEvents();
-    // As small as a picture without loss gets.
     return view.grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0);
 }
 
 bool makePictures(const QDir& folder, ColorScheme scheme) {
     const QString suffix = scheme == ColorScheme::dark ? "-dark.png" : "-light.png";
-    for (const auto& picture : pictures()) {
+    for (const auto& shown : shownViews()) {
         Stage stage(scheme);
-        const auto view = picture.make(stage);
-        const auto file = folder.filePath(picture.name + suffix);
-        if (!save(*view, file)) {
+        const auto view = shown.make(stage);
+        const auto file = folder.filePath(shown.name + suffix);
+        if (!save(*view, stage, file)) {
             std::fprintf(stderr, "cannot make %s\n", qPrintable(file));
             return false;
         }
@@ -112,6 +50,8 @@ bool makePictures(const QDir& folder, ColorScheme scheme) {
 int main(int argumentCount, char** arguments) {
     using namespace blankwell;
     const QApplication application(argumentCount, arguments);
+    QApplication::setFont(font());
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // out of the way
     const auto rest = QApplication::arguments();
     if (rest.size() != 2 || !QDir().mkpath(rest.back())) {
         std::fputs("usage: blankwell_screenshots FOLDER\n", stderr);

@@ -320,7 +320,9 @@ TEST_F(ShortcutRecorderControlTest, WaitingIsOutlinedAndTintedInTheAccent) {
 TEST_F(ShortcutRecorderControlTest, TheKeyboardIsSeenAlsoWhileItDoesNotWait) {
     control.setAttribute(Qt::WA_UnderMouse, false);
     const auto calm = imageOf(control);
-    startByKeyboardFocus();
+    before.setFocus();
+    QTest::keyClick(&before, Qt::Key_Tab);
+    ASSERT_TRUE(control.hasFocus());
     EXPECT_NE(imageOf(control), calm);
 }
 

@@ -7,11 +7,13 @@
 #include "views/DropIndicator.h"
 #include "views/FileTypeRow.h"
 #include "views/FileTypeSectionView.h"
+#include "widgets/Metrics.h"
 #include "widgets/ScrollArea.h"
 #include "widgets/Switch.h"
 #include "widgets/WidgetTest.h"
 
 #include <QScrollBar>
+#include <QStyle>
 
 #include <string>
 #include <vector>
@@ -111,6 +113,18 @@ TEST_F(FileTypesListViewTest, ACategoryThatIsSwitchedOffKeepsItsSection) {
     settle();
     EXPECT_TRUE(section(2).isVisible());
     EXPECT_THAT(seen(2), ElementsAre("docx", "xlsx", "pptx"));
+}
+
+TEST_F(FileTypesListViewTest, WhatIsSeenOfTheSwitchesEndsWhereTheTextsOfCardsDo) {
+    show(area);
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        area.setLayoutDirection(direction);
+        settle();
+        const auto& toggle = row("md").toggle();
+        const QRect place(toggle.mapTo(list, QPoint()), toggle.size());
+        const auto seen = QStyle::visualRect(direction, list->rect(), place);
+        EXPECT_EQ(seen.right() - Switch::ringMargin, list->width() - 1 - metrics::cardPadding);
+    }
 }
 
 TEST_F(FileTypesListViewTest, AltWithAnArrowMovesTheRowThatKeepsTheKeyboard) {

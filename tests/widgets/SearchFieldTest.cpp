@@ -38,6 +38,14 @@ TEST_F(SearchFieldTest, ItsFrameIs34HighAndTheRingAround) {
     EXPECT_EQ(std::max(field.sizeHint().height(), field.minimumHeight()), 34 + 2 * 3);
 }
 
+TEST_F(SearchFieldTest, TextBeginsAtTheSymbolWhereverThatIs) {
+    EXPECT_FALSE(field.edit().alignment().testFlag(Qt::AlignRight));
+    field.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_TRUE(field.edit().alignment().testFlags(Qt::AlignRight | Qt::AlignAbsolute));
+    field.setLayoutDirection(Qt::LeftToRight);
+    EXPECT_FALSE(field.edit().alignment().testFlag(Qt::AlignRight));
+}
+
 TEST_F(SearchFieldTest, ScreenReadersSeeATextFieldWithThePromptAsItsName) {
     EXPECT_EQ(accessible(field.edit()).role(), QAccessible::EditableText);
     EXPECT_EQ(accessibleName(field.edit()), "Search file types");
