@@ -4,6 +4,7 @@
 #include "quickcreate/QuickCreateFooterView.h"
 #include "support/FakeCreationController.h"
 #include "widgets/IconButton.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/Segment.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
@@ -20,6 +21,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Pair;
 using testing::UnorderedElementsAre;
 
 struct QuickCreatePanelViewTest : WidgetTest, FakeCreationController {
@@ -110,6 +112,13 @@ TEST_F(QuickCreatePanelViewTest, ASearchWithoutMatchShowsOnlyThatNothingWasFound
                                                    "/Users/u/Desktop", "Create File"));
 }
 
+TEST_F(QuickCreatePanelViewTest, ATextThatIsNotTypedFiltersToo) {
+    search().setText("json"); // as screen readers and input aids do
+    mainQueue.run();
+    EXPECT_EQ(controller.searchText.get(), "json");
+    EXPECT_THAT(shownTypes(), ElementsAre("json"));
+}
+
 TEST_F(QuickCreatePanelViewTest, AClickCreatesAndThePanelStaysOpen) {
     QTest::mouseClick(&tile("md"), Qt::LeftButton);
     mainQueue.run();
@@ -182,6 +191,22 @@ TEST_F(QuickCreatePanelViewTest, TabGoesThroughTheTilesInReadingOrderAlsoWhenTha
         press(Qt::Key_Tab);
         EXPECT_EQ(focusedType(), type);
     }
+}
+
+TEST_F(QuickCreatePanelViewTest, TabLeadsFromTheLastTileToTheTop) {
+    tile("pptx").setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), view.findChild<Segment*>());
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), view.findChild<IconButton*>());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(search().hasFocus());
+}
+
+TEST_F(QuickCreatePanelViewTest, WhoGivesThePanelTheKeyboardGivesItToTheSearchField) {
+    tile("pptx").setFocus();
+    view.setFocus(Qt::ActiveWindowFocusReason);
+    EXPECT_TRUE(search().hasFocus());
 }
 
 TEST_F(QuickCreatePanelViewTest, LettersTypedOnATileGoOnWithTheSearch) {
@@ -277,6 +302,30 @@ TEST_F(QuickCreatePanelViewTest, TheTileThatHasTheKeyboardIsScrolledIntoView) {
 TEST_F(QuickCreatePanelViewTest, ScreenReadersSeeEachTileAsAButtonWithNameAndExtension) {
     EXPECT_EQ(accessible(tile("md")).role(), QAccessible::PushButton);
     EXPECT_EQ(accessibleName(tile("md")), "Markdown, .md");
+}
+
+TEST_F(QuickCreatePanelViewTest, ScreenReadersComeToEverythingInReadingOrder) {
+    using Role = QAccessible::Role;
+    const auto read = [&] {
+        auto texts = readTexts(view);
+        std::erase_if(texts, [](const auto& text) {
+            return text.first != Role::Heading && text.first != Role::PushButton;
+        });
+        return texts;
+    };
+    typeText("te");
+    EXPECT_THAT(read(),
+                ElementsAre(Pair(Role::Heading, "Create File"), Pair(Role::PushButton, "Close"),
+                            Pair(Role::Heading, "Plain Text"), Pair(Role::PushButton, "Text, .txt"),
+                            Pair(Role::PushButton, "Rich Text, .rtf")));
+    settings.fileTypeOrder.set({"rtf", "txt", "json"});
+    search().setText("t");
+    mainQueue.run();
+    EXPECT_THAT(read(),
+                ElementsAre(Pair(Role::Heading, "Create File"), Pair(Role::PushButton, "Close"),
+                            Pair(Role::Heading, "Plain Text"),
+                            Pair(Role::PushButton, "Rich Text, .rtf"),
+                            Pair(Role::PushButton, "Text, .txt")));
 }
 
 TEST_F(QuickCreatePanelViewTest, AHoveredTileIsTintedWithTheAccent) {
