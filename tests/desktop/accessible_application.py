@@ -77,7 +77,7 @@ class Element:
                 yield from child.shown()
 
     def everything(self):
-        """All that is in it, whether it is shown or not: what menus hold is not, until they open."""
+        """All that is in it, shown or not: what menus hold is not, until they open."""
         for child in self.children():
             yield child
             yield from child.everything()

@@ -1,6 +1,7 @@
 #include "widgets/Disclosure.h"
 
 #include "widgets/DisclosureHeader.h"
+#include "widgets/HeardEvents.h"
 #include "widgets/TextLabel.h"
 #include "widgets/WidgetTest.h"
 
@@ -47,10 +48,12 @@ TEST_F(DisclosureTest, ScreenReadersHearWhetherItIsExpanded) {
     EXPECT_TRUE(interface.state().expandable);
     EXPECT_TRUE(interface.state().collapsed);
     EXPECT_FALSE(interface.state().expanded);
+    const HeardEvents heard;
     interface.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(disclosure.isExpanded());
     EXPECT_TRUE(interface.state().expanded);
     EXPECT_FALSE(interface.state().collapsed);
+    EXPECT_EQ(heard.countExpansions(header()), 1);
 }
 
 TEST_F(DisclosureTest, TheChevronTurnsWithTheContent) {

@@ -1,5 +1,7 @@
 #include "widgets/TextLabel.h"
 
+#include "widgets/Heading.h"
+#include "widgets/HeardEvents.h"
 #include "widgets/WidgetTest.h"
 
 #include <QVBoxLayout>
@@ -102,8 +104,18 @@ TEST_F(TextLabelTest, ScreenReadersReadTheTextAndHearOfChanges) {
     TextLabel label(theme, "No **saved** roots.", marked);
     EXPECT_EQ(accessible(label).role(), QAccessible::StaticText);
     EXPECT_EQ(accessibleName(label), "No saved roots.");
+    const HeardEvents heard;
     label.setText("1 root.");
     EXPECT_EQ(accessibleName(label), "1 root.");
+    EXPECT_EQ(heard.count(QAccessible::NameChanged, label), 1);
+    label.setText("1 root.");
+    EXPECT_EQ(heard.count(QAccessible::NameChanged, label), 1);
+}
+
+TEST_F(TextLabelTest, ScreenReadersSeeAHeadingAsSuch) {
+    Heading heading(theme, "Folder **Access**", {.style = TextStyle::headline});
+    EXPECT_EQ(accessible(heading).role(), QAccessible::Heading);
+    EXPECT_EQ(accessibleName(heading), "Folder **Access**");
 }
 
 TEST_F(TextLabelTest, ATextHasTheColourOfItsRole) {
