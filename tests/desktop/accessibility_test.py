@@ -3,7 +3,7 @@
 import unittest
 
 from accessible_application import (EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
-                                    ApplicationTestCase, State, press_keys)
+                                    ApplicationTestCase, Heard, State, press_keys)
 
 CONTROL_OPTION_N = (45, 0x1800)
 CONTROL_SHIFT_J = (38, 0x1200)
@@ -176,6 +176,17 @@ class AccessibleMainWindow(ApplicationTestCase):
             self.assert_eventually_equal(
                 lambda: self.stored("directShortcutDestination"), destination)
             self.assert_eventually(lambda: choice.has(State.CHECKED))
+
+    def test_tells_of_what_changes_by_itself(self):
+        name = "object:property-change:accessible-name"
+        description = "object:property-change:accessible-description"
+        heard = Heard(name, description)
+        self.recorder("Quick Create Shortcut").act()
+        self.assert_eventually(
+            lambda: (description, "push button", "Quick Create Shortcut") in heard)
+        self.element(self.main, "radio button", "Menu Bar").act()
+        self.assert_eventually(
+            lambda: (name, "label", "Keep Blankwell+ available from the menu bar only.") in heard)
 
     def test_opens_the_page_about_the_extension(self):
         self.press("Open Extension Settings")

@@ -110,6 +110,24 @@ class Element:
             raise AssertionError(f"{self.role} {self.name} takes no text")
 
 
+class Heard:
+    """What is told of changes to who listens: the kind, and the role and name of where it happens."""
+
+    def __init__(self, *kinds):
+        self.changes = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        for kind in kinds:
+            self.listener.register(kind)
+
+    def hear(self, event):
+        self.changes.append((event.type, event.source.get_role_name(), event.source.get_name()))
+
+    def __contains__(self, change):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return change in self.changes
+
+
 def press_keys(*keys):
     """Presses the keys, or combinations of keys, one after the other; named as xdotool does."""
     subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)

@@ -3,6 +3,7 @@
 #include "quickcreate/FileTypeTileButton.h"
 #include "quickcreate/QuickCreateFooterView.h"
 #include "support/FakeCreationController.h"
+#include "widgets/Heading.h"
 #include "widgets/IconButton.h"
 #include "widgets/ReadTexts.h"
 #include "widgets/Segment.h"
@@ -261,6 +262,14 @@ TEST_F(QuickCreatePanelViewTest, EachShowingGivesTheSearchFieldTheKeyboardAndKee
     EXPECT_THAT(shownTypes(), ElementsAre("css"));
 }
 
+TEST_F(QuickCreatePanelViewTest, EachShowingTellsWhereTheDesktopIsNow) {
+    view.hide();
+    folders.desktopName = "Schreibtisch";
+    show(view);
+    EXPECT_THAT(shownTexts(), Contains("/Users/u/Schreibtisch"));
+    EXPECT_THAT(shownTexts(), Not(Contains("/Users/u/Desktop")));
+}
+
 TEST_F(QuickCreatePanelViewTest, ATypeThatIsSwitchedOffGoesAtOnce) {
     settings.setEnabled(false, "md");
     mainQueue.run();
@@ -287,6 +296,12 @@ TEST_F(QuickCreatePanelViewTest, TheTilesStandInThreeEqualColumns) {
     EXPECT_EQ(third.x() - second.geometry().right() - 1, 12);
     EXPECT_NEAR(first.width(), third.width(), 1);
     EXPECT_EQ(tile("csv").y() - first.geometry().bottom() - 1, 10);
+}
+
+TEST_F(QuickCreatePanelViewTest, SectionsAreSixteenPointsApart) {
+    const auto titles = view.findChildren<Heading*>();
+    const auto code = std::ranges::find(titles, QString("Code"), &Heading::text);
+    EXPECT_EQ((*code)->y() - tile("csv").geometry().bottom() - 1, 16);
 }
 
 TEST_F(QuickCreatePanelViewTest, TheTileThatHasTheKeyboardIsScrolledIntoView) {
