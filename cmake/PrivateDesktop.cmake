@@ -7,6 +7,7 @@ pkg_check_modules(XTEST REQUIRED IMPORTED_TARGET GLOBAL xcb xcb-xkb xcb-xtest)
 
 set(folder ${PROJECT_SOURCE_DIR}/tests/desktop)
 add_library(blankwell_private_desktop STATIC
+    ${folder}/AccountHome.cpp
     ${folder}/Desktop.cpp
     ${folder}/OwnDesktop.cpp
     ${folder}/Program.cpp

@@ -1,4 +1,4 @@
-#include "bench/application/Session.h"
+#include "desktop/AccountHome.h"
 #include "desktop/OwnDesktop.h"
 
 #include <benchmark/benchmark.h>

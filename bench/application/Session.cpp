@@ -8,9 +8,7 @@
 #include "settings/AppSettings.h"
 
 #include <poll.h>
-#include <sched.h>
 #include <sys/inotify.h>
-#include <sys/mount.h>
 #include <unistd.h>
 
 #include <array>
@@ -34,12 +32,6 @@ std::uint16_t x11Modifiers(std::uint32_t carbonModifiers) {
     modifiers |= (carbonModifiers & carbon::optionKey) != 0 ? XCB_MOD_MASK_1 : 0;
     modifiers |= (carbonModifiers & carbon::cmdKey) != 0 ? XCB_MOD_MASK_4 : 0;
     return modifiers;
-}
-
-void require(bool isDone) {
-    if (!isDone) {
-        throw std::runtime_error("the account's home cannot be replaced");
-    }
 }
 
 } // namespace
@@ -80,24 +72,6 @@ void storeBenchSettings(AppPresence presence) {
     settings.hasCompletedOnboarding.set(true);
     settings.setShortcut(textFileShortcut, "txt");
     settings.directShortcutDestination.set(CreationDestinationMode::desktop);
-}
-
-void moveAccountHome() {
-    const auto home = desktopHome();
-    const auto database = home.appending("passwd").path();
-    const auto user = ::getuid();
-    const auto group = ::getgid();
-    std::ofstream(database) << "bench:x:" << user << ':' << group << "::" << home.path()
-                            << ":/bin/sh\n";
-    if (::unshare(CLONE_NEWNS) != 0) {
-        // Who is not root may do that in a user namespace only.
-        require(::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0);
-        std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
-        std::ofstream("/proc/self/setgroups") << "deny";
-        std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
-    }
-    require(::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0);
-    require(::mount(database.c_str(), "/etc/passwd", nullptr, MS_BIND, nullptr) == 0);
 }
 
 RunningApplication::RunningApplication(AppPresence presence)

@@ -36,10 +36,6 @@ private:
 /// Writes the settings that the application is measured with. A status item needs a bar.
 void storeBenchSettings(AppPresence presence = AppPresence::dockOnly);
 
-/// Makes the thrown-away home the one of the account too, for this process and what it starts: so
-/// the files for the Desktop go there.
-void moveAccountHome();
-
 /// The application in the background of the desktop, with all hot keys. Files that it creates are
 /// shown by a file manager that does nothing.
 class RunningApplication {

@@ -2,6 +2,7 @@
 
 #include "access/FolderRootLabel.h"
 #include "widgets/FlowLayout.h"
+#include "widgets/Heading.h"
 #include "widgets/IconButton.h"
 #include "widgets/Metrics.h"
 #include "widgets/PushButton.h"
@@ -61,7 +62,7 @@ QWidget* FolderAccessSetupView::makeHeader() {
     auto* const texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addWidget(
-        new TextLabel(theme_, folderAccessSetupTexts.title, {.style = TextStyle::headline}));
+        new Heading(theme_, folderAccessSetupTexts.title, {.style = TextStyle::headline}));
     texts->addWidget(summary_);
     auto* const header = new QWidget;
     auto* const row = new QHBoxLayout(header);

@@ -2,6 +2,7 @@
 
 #include "quickcreate/FileTypeTileButton.h"
 #include "quickcreate/QuickCreateContents.h"
+#include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
@@ -78,8 +79,8 @@ void QuickCreateList::setSections(std::vector<QuickCreateSection> sections) {
         }
     }
     const auto before = std::exchange(shown_, std::move(shown));
-    orderTabs();
     setUpdatesEnabled(false); // one painting at the end in place of one for each change
+    putInReadingOrder();
     for (auto* const tile : before) {
         tile->setVisible(std::ranges::find(shown_, tile) != shown_.end());
     }
@@ -110,17 +111,18 @@ FileTypeTileButton& QuickCreateList::tileOf(const FileTypeDefinition& type) {
     return *tile;
 }
 
-TextLabel& QuickCreateList::titleOf(const QuickCreateSection& section) {
+Heading& QuickCreateList::titleOf(const QuickCreateSection& section) {
     auto& title = titles_[section.title];
     if (title == nullptr) {
-        title = new TextLabel(
-            theme_, section.title,
-            {.style = TextStyle::sectionTitle, .color = ColorRole::secondaryLabel}, this);
+        title = new Heading(theme_, section.title,
+                            {.style = TextStyle::sectionTitle, .color = ColorRole::secondaryLabel},
+                            this);
     }
     return *title;
 }
 
-void QuickCreateList::orderTabs() {
+/// For the keyboard and for screen readers.
+void QuickCreateList::putInReadingOrder() {
     // A search leaves tiles out, and the order as it is.
     auto next = tabOrder_.begin();
     const bool isOrdered = std::ranges::all_of(shown_, [&](auto* tile) {
@@ -129,6 +131,12 @@ void QuickCreateList::orderTabs() {
     });
     if (isOrdered) {
         return;
+    }
+    for (const auto& section : sections_) {
+        titleOf(section).raise();
+        for (const auto& type : section.types) {
+            tileOf(type).raise();
+        }
     }
     for (std::size_t i = 1; i < shown_.size(); ++i) {
         setTabOrder(shown_[i - 1], shown_[i]);

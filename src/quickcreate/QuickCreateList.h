@@ -13,6 +13,7 @@
 namespace blankwell {
 
 class FileTypeTileButton;
+class Heading;
 class SymbolLabel;
 class TextLabel;
 class Theme;
@@ -58,8 +59,8 @@ protected:
 
 private:
     FileTypeTileButton& tileOf(const FileTypeDefinition& type);
-    TextLabel& titleOf(const QuickCreateSection& section);
-    void orderTabs();
+    Heading& titleOf(const QuickCreateSection& section);
+    void putInReadingOrder();
     void arrange();
     void place(QWidget& widget, const QRect& rect) const;
     [[nodiscard]] int arrangeSection(const QuickCreateSection& section, int top, int tileHeight);
@@ -74,7 +75,7 @@ private:
     std::vector<FileTypeTileButton*> shown_;
     std::vector<FileTypeTileButton*> tabOrder_;
     std::map<std::string, FileTypeTileButton*, std::less<>> tiles_;
-    std::map<std::string_view, TextLabel*> titles_;
+    std::map<std::string_view, Heading*> titles_;
     SymbolLabel* emptySymbol_;
     TextLabel* emptyText_;
     int height_ = 0;

@@ -6,6 +6,7 @@
 #include "quickcreate/QuickCreateFooterView.h"
 #include "quickcreate/QuickCreateList.h"
 #include "settings/AppSettings.h"
+#include "widgets/Heading.h"
 #include "widgets/IconButton.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -14,7 +15,6 @@
 #include "widgets/SearchField.h"
 #include "widgets/SegmentedControl.h"
 #include "widgets/Separator.h"
-#include "widgets/TextLabel.h"
 #include "widgets/Theme.h"
 
 #include <QKeyEvent>
@@ -56,14 +56,14 @@ QuickCreatePanelView::QuickCreatePanelView(const Services& services)
     : controller_(services.controller),
       theme_(services.theme),
       destination_(new SegmentedControl(services.theme, quick_create_texts::destination,
-                                        destinationTitles(), this)),
-      search_(new SearchField(services.theme, quick_create_texts::searchPrompt, this)),
-      scroll_(new ScrollArea(services.theme, this)),
+                                        destinationTitles())),
+      search_(new SearchField(services.theme, quick_create_texts::searchPrompt)),
+      scroll_(new ScrollArea(services.theme)),
       list_(new QuickCreateList(services.theme,
                                 [this](const FileTypeDefinition& type) {
                                     controller_.create(type, DestinationChoice::panel);
                                 })),
-      footer_(new QuickCreateFooterView(services.theme, this)) {
+      footer_(new QuickCreateFooterView(services.theme)) {
     layOut();
     connectControls();
     follow(services.settings, services.mainQueue);
@@ -75,15 +75,13 @@ QuickCreatePanelView::QuickCreatePanelView(const Services& services)
 
 QBoxLayout* QuickCreatePanelView::makeHeader() {
     auto* const close =
-        new IconButton(theme_, {.symbol = "xmark.circle", .help = quick_create_texts::close}, this);
+        new IconButton(theme_, {.symbol = "xmark.circle", .help = quick_create_texts::close});
     connect(close, &QPushButton::clicked, this, [this] { controller_.closeQuickCreatePanel(); });
-    setTabOrder(close, &search_->edit());
     auto* const header = new QHBoxLayout;
     header->setContentsMargins(0, 4 * metrics::grid, 0, 0);
     header->setSpacing(2 * metrics::grid);
     header->addSpacing(panelMargin);
-    header->addWidget(
-        new TextLabel(theme_, quick_create_texts::title, {.style = TextStyle::title3}));
+    header->addWidget(new Heading(theme_, quick_create_texts::title, {.style = TextStyle::title3}));
     header->addStretch();
     header->addWidget(destination_);
     header->addWidget(close);
@@ -119,11 +117,10 @@ void QuickCreatePanelView::layOut() {
     layout->addLayout(content, 1);
     layout->addWidget(new Separator(theme_));
     layout->addWidget(footer_);
-    setFocusProxy(search_);
 }
 
 void QuickCreatePanelView::connectControls() {
-    connect(&search_->edit(), &QLineEdit::textEdited, this,
+    connect(&search_->edit(), &QLineEdit::textChanged, this,
             [this](const QString& text) { controller_.searchText.set(text.toStdString()); });
     connect(&search_->edit(), &QLineEdit::returnPressed, this, [this] { createFirst(); });
     connect(destination_, &SegmentedControl::selectedByUser, this, [this](int index) {
@@ -159,6 +156,11 @@ void QuickCreatePanelView::showEvent(QShowEvent* event) {
         search_->setFocus();
         search_->edit().selectAll(); // a new search replaces the last one
     }
+}
+
+// With a focus proxy, Tab would lead from the last tile to the field, past what stands above it.
+void QuickCreatePanelView::focusInEvent(QFocusEvent* event) {
+    search_->setFocus(event->reason());
 }
 
 void QuickCreatePanelView::keyPressEvent(QKeyEvent* event) {
@@ -211,7 +213,6 @@ void QuickCreatePanelView::createFirst() {
 void QuickCreatePanelView::searchFor(const QKeyEvent& event) {
     search_->setFocus(Qt::OtherFocusReason); // which selects nothing
     search_->edit().insert(event.text());
-    controller_.searchText.set(search_->edit().text().toStdString());
 }
 
 } // namespace blankwell

@@ -6,6 +6,7 @@
 #include "settings/ShortcutRecorderView.h"
 #include "widgets/Disclosure.h"
 #include "widgets/DisclosureHeader.h"
+#include "widgets/Heading.h"
 #include "widgets/IconButton.h"
 #include "widgets/Metrics.h"
 #include "widgets/SegmentedControl.h"
@@ -91,8 +92,7 @@ QVBoxLayout* ShortcutSettingsView::makeHeader() {
                               .overflow = TextLabel::Overflow::elideEnd});
     auto* const header = new QVBoxLayout;
     header->setSpacing(2);
-    header->addWidget(
-        new TextLabel(theme_, texts.quickCreateTitle, {.style = TextStyle::headline}));
+    header->addWidget(new Heading(theme_, texts.quickCreateTitle, {.style = TextStyle::headline}));
     header->addWidget(warning_);
     return header;
 }
@@ -176,6 +176,7 @@ void ShortcutSettingsView::arrange(const std::vector<DirectShortcutRowContent>& 
         std::rotate(next, row, row + 1);
         rowsLayout_->removeWidget(*next);
         rowsLayout_->addWidget(*next);
+        (*next)->raise(); // so that screen readers come to them in this order
         previous = &(*next)->placeInTabOrder(*previous);
         ++next;
     }

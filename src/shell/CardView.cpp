@@ -1,6 +1,7 @@
 #include "shell/CardView.h"
 
 #include "shell/CardTexts.h"
+#include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/PushButton.h"
 #include "widgets/SymbolLabel.h"
@@ -20,7 +21,7 @@ CardView::CardView(const Theme& theme, const CardTexts& texts, const std::functi
     : Card(theme, parent) {
     auto* const symbol =
         new SymbolLabel(theme, texts.symbol, {.size = symbolSize, .color = texts.symbolColor});
-    auto* const title = new TextLabel(
+    auto* const title = new Heading(
         theme, texts.title, {.style = TextStyle::headline, .overflow = TextLabel::Overflow::wrap});
     auto* const text = new TextLabel(theme, texts.text,
                                      {.style = TextStyle::callout,

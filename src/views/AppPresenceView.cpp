@@ -2,6 +2,7 @@
 
 #include "settings/AppSettings.h"
 #include "views/MainWindowContent.h"
+#include "widgets/Heading.h"
 #include "widgets/SegmentedControl.h"
 #include "widgets/TextLabel.h"
 
@@ -34,7 +35,7 @@ AppPresenceView::AppPresenceView(const Theme& theme, AppSettings& settings, QWid
                                   .color = ColorRole::secondaryLabel,
                                   .overflow = TextLabel::Overflow::wrap})) {
     content().addWidget(
-        new TextLabel(theme, mainWindowTexts.appPresenceHeading, {.style = TextStyle::headline}));
+        new Heading(theme, mainWindowTexts.appPresenceHeading, {.style = TextStyle::headline}));
     picker_->setMinimumWidth(pickerWidth);
     content().addWidget(picker_);
     content().addWidget(description_);

@@ -2,6 +2,7 @@
 
 #include "settings/AppSettings.h"
 #include "views/ExtensionPageContent.h"
+#include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/ScrollArea.h"
 #include "widgets/SymbolLabel.h"
@@ -50,7 +51,8 @@ ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, 
     row->addSpacing(margin - ScrollArea::barWidth);
     column->setSpacing(metrics::cardSpacing);
     column->addWidget(new SymbolLabel(theme, content.symbol, {.size = symbolSize}));
-    column->addWidget(makeText(theme, content.title, TextStyle::title));
+    column->addWidget(new Heading(
+        theme, content.title, {.style = TextStyle::title, .overflow = TextLabel::Overflow::wrap}));
     for (const auto& paragraph : content.paragraphs) {
         column->addWidget(
             makeText(theme, paragraph.text, TextStyle::body, ColorRole::secondaryLabel));

@@ -2,10 +2,10 @@
 
 #include "views/DropIndicator.h"
 #include "views/FileTypeRow.h"
+#include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/QtStrings.h"
 #include "widgets/Switch.h"
-#include "widgets/TextLabel.h"
 
 #include <QAccessibleWidget>
 #include <QHBoxLayout>
@@ -37,8 +37,8 @@ FileTypeSectionView::FileTypeSectionView(const Theme& theme, FileTypesListModel&
     auto* const title = new QHBoxLayout;
     title->setContentsMargins(Switch::ringMargin, 0, Switch::ringMargin, 0);
     title->addWidget(
-        new TextLabel(theme, section.title,
-                      {.style = TextStyle::sectionTitle, .color = ColorRole::secondaryLabel}));
+        new Heading(theme, section.title,
+                    {.style = TextStyle::sectionTitle, .color = ColorRole::secondaryLabel}));
     title->addStretch();
     layout->addLayout(title);
     column_->setSpacing(0);
@@ -69,6 +69,7 @@ FileTypeRow* FileTypeSectionView::makeRow(const Theme& theme, const FileTypeDefi
 
 void FileTypeSectionView::render(const FileTypeSection& section) {
     const auto count = static_cast<int>(section.rows.size());
+    bool isReordered = false;
     for (int i = 0; i < count; ++i) {
         const auto index = static_cast<std::size_t>(i);
         const auto& content = section.rows[index];
@@ -77,9 +78,15 @@ void FileTypeSectionView::render(const FileTypeSection& section) {
         auto* const row = rows_[index];
         if (column_->indexOf(row) != i) {
             column_->insertWidget(i, row);
+            isReordered = true;
         }
         row->setOn(content.isEnabled);
         row->setPosition(i + 1, count);
+    }
+    if (isReordered) {
+        for (auto* const row : rows_) {
+            row->raise(); // so that screen readers come to them in this order
+        }
     }
 }
 

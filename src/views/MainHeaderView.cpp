@@ -1,6 +1,7 @@
 #include "views/MainHeaderView.h"
 
 #include "views/MainWindowContent.h"
+#include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/Separator.h"
 #include "widgets/SymbolLabel.h"
@@ -16,7 +17,7 @@ constexpr int symbolSize = 34;
 QLayout* makeTitles(const Theme& theme) {
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(metrics::grid / 2);
-    lines->addWidget(new TextLabel(theme, mainWindowTexts.title, {.style = TextStyle::title}));
+    lines->addWidget(new Heading(theme, mainWindowTexts.title, {.style = TextStyle::title}));
     lines->addWidget(new TextLabel(theme, mainWindowTexts.callout,
                                    {.style = TextStyle::callout,
                                     .color = ColorRole::secondaryLabel,

@@ -4,6 +4,7 @@
 #include "support/FakeFolderAccess.h"
 #include "widgets/IconButton.h"
 #include "widgets/PushButton.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
 #include "widgets/WidgetTest.h"
@@ -71,6 +72,7 @@ struct FolderAccessSetupViewTest : WidgetTest {
 TEST_F(FolderAccessSetupViewTest, WithoutRootsThereAreTheTitleTheSummaryAndTheButtons) {
     open();
     EXPECT_THAT(texts(), ElementsAre("Folder Access", "No saved folder roots."));
+    EXPECT_THAT(readTexts(view, QAccessible::Heading), ElementsAre("Folder Access"));
     EXPECT_THAT(roots(), IsEmpty());
     std::vector<std::pair<int, std::string>> titles;
     for (auto* const grant : view.findChildren<PushButton*>()) {

@@ -1,5 +1,6 @@
 #include "desktop/ApplicationFixture.h"
 
+#include "desktop/AccountHome.h"
 #include "desktop/Desktop.h"
 #include "support/PrivateMounts.h"
 
@@ -13,14 +14,6 @@ namespace {
 
 std::string logFile() {
     return desktopHome().appending("log").path();
-}
-
-/// Makes the thrown-away home the one of the account too: the Desktop is there.
-void moveAccountHome() {
-    const auto database = desktopHome().appending("passwd").path();
-    std::ofstream(database) << "tester:x:" << ::getuid() << ':' << ::getgid()
-                            << "::" << desktopHome().path() << ":/bin/sh\n";
-    bindMount(database, "/etc/passwd");
 }
 
 /// Leaves the application to write its log where the test finds it.
@@ -40,7 +33,6 @@ ApplicationFixture::ApplicationFixture() {
     const auto preferences = desktopHome().appending(".config").path();
     std::filesystem::remove_all(preferences);
     ::setenv("XFCE_PANEL_MIGRATE_DEFAULT", "1", 1);
-    enterPrivateMounts();
     moveAccountHome();
     hideJournal();
     domains = std::make_unique<XdgPreferenceDomains>(preferences, bundleIdentifier);

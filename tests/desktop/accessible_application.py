@@ -1,8 +1,9 @@
 """What the tests through the accessibility bus share: the application as a screen reader knows it.
 
-Run inside of `with-desktop`, whose home, display and buses they use.
+Run inside of `with-desktop` and `with-account-home`, whose home, display and buses they use.
 """
 
+import json
 import os
 import pathlib
 import plistlib
@@ -14,12 +15,18 @@ import unittest
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 APPLICATION = os.environ["BLANKWELL_APPLICATION"]
 HOME = pathlib.Path(os.environ["HOME"])
 PATIENCE = 20
-CHECKED = Atspi.StateType.CHECKED
+State = Atspi.StateType
+
+WALKTHROUGH = "Welcome to Blankwell+"
+MAIN = "Blankwell+"
+HELP = "Blankwell+ Help"
+PANEL = "Create File"
+EXTENSION = "Blankwell+ Finder Extension"
 
 
 def eventually(look):
@@ -49,6 +56,11 @@ class Element:
     def role(self):
         return self.node.get_role_name()
 
+    @property
+    def description(self):
+        """What is read after the name."""
+        return self.node.get_description()
+
     def has(self, state):
         return self.node.get_state_set().contains(state)
 
@@ -60,12 +72,12 @@ class Element:
     def shown(self):
         """All that is shown in it, in the order in which it is read."""
         for child in self.children():
-            if child.has(Atspi.StateType.VISIBLE):
+            if child.has(State.VISIBLE):
                 yield child
                 yield from child.shown()
 
     def everything(self):
-        """All that is in it, whether it is shown or not: what menus hold is not, until they open."""
+        """All that is in it, shown or not: what menus hold is not, until they open."""
         for child in self.children():
             yield child
             yield from child.everything()
@@ -87,11 +99,51 @@ class Element:
             raise AssertionError(f"{self.role} {self.name} does nothing")
 
 
+    def focus(self):
+        """Gives it the keyboard."""
+        if not self.node.grab_focus():
+            raise AssertionError(f"{self.role} {self.name} takes no keyboard")
+
+    def write(self, text):
+        """Puts `text` in the place of what stands in a text field."""
+        if not self.node.set_text_contents(text):
+            raise AssertionError(f"{self.role} {self.name} takes no text")
+
+
+class Heard:
+    """What is told of changes to who listens: the kind, and the role and name of where it happens."""
+
+    def __init__(self, *kinds):
+        self.changes = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        for kind in kinds:
+            self.listener.register(kind)
+
+    def hear(self, event):
+        self.changes.append((event.type, event.source.get_role_name(), event.source.get_name()))
+
+    def __contains__(self, change):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return change in self.changes
+
+
+def press_keys(*keys):
+    """Presses the keys, or combinations of keys, one after the other; named as xdotool does."""
+    subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+
 class ApplicationTestCase(unittest.TestCase):
     """The real application, started anew for each test with nothing stored."""
 
     def setUp(self):
         self.domain = HOME / ".config/BLNKWLPLUS.app.blankwell.BlankwellPlus.plist"
+        self.domain.unlink(missing_ok=True)
+        # A file manager that shows nothing: the application need not wait for one to start.
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self.bus.call_sync(
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+            GLib.Variant("(su)", ("org.freedesktop.FileManager1", 4)), None, 0, -1)
 
     def start(self, *arguments):
         environment = {**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
@@ -111,7 +163,7 @@ class ApplicationTestCase(unittest.TestCase):
         """The window titled so, waited for."""
         found = eventually(lambda: next(
             (window for window in self.windows()
-             if window.name == title and window.has(Atspi.StateType.VISIBLE)), None))
+             if window.name == title and window.has(State.VISIBLE)), None))
         self.assertIsNotNone(found, f"no window {title}")
         return found
 
@@ -120,16 +172,45 @@ class ApplicationTestCase(unittest.TestCase):
         self.assertIsNotNone(found, f"no {role} {name}")
         return found
 
-    def stored(self, key):
+    def all_stored(self):
         """What the preferences domain on the disk holds."""
-        if not self.domain.exists():
-            return None
-        return plistlib.loads(self.domain.read_bytes()).get(key)
+        return plistlib.loads(self.domain.read_bytes()) if self.domain.exists() else {}
+
+    def stored(self, key):
+        return self.all_stored().get(key)
+
+    def stored_shortcut(self, key):
+        """The shortcut that the preferences domain holds: key code and modifiers, as Carbon's."""
+        value = self.stored(key)
+        return value and self.shortcut_of(json.loads(value))
+
+    def stored_file_type_shortcuts(self):
+        value = self.stored("fileTypeShortcuts")
+        return {} if value is None else {
+            file_type: self.shortcut_of(shortcut)
+            for file_type, shortcut in json.loads(value).items()}
+
+    @staticmethod
+    def shortcut_of(value):
+        return (value["keyCode"], value["carbonModifiers"])
+
+    def start_main_window(self):
+        """Starts it with the walkthrough completed, and returns the main window."""
+        self.domain.parent.mkdir(parents=True, exist_ok=True)
+        self.domain.write_bytes(plistlib.dumps({"hasCompletedOnboarding": True}))
+        self.start()
+        main = self.window(MAIN)
+        self.assert_eventually(lambda: main.has(State.ACTIVE), "the main window is not in front")
+        return main
 
     def is_open(self, title):
         """Whether a window titled so is shown now."""
-        return any(window.name == title and window.has(Atspi.StateType.VISIBLE)
+        return any(window.name == title and window.has(State.VISIBLE)
                    for window in self.windows())
 
     def assert_eventually(self, look, message=None):
         self.assertTrue(eventually(look), message)
+
+    def assert_eventually_equal(self, look, expected):
+        eventually(lambda: look() == expected)
+        self.assertEqual(look(), expected)

@@ -3,8 +3,10 @@
 #include "quickcreate/FileTypeTileButton.h"
 #include "quickcreate/QuickCreateFooterView.h"
 #include "support/FakeCreationController.h"
+#include "widgets/Heading.h"
 #include "widgets/IconButton.h"
 #include "widgets/Metrics.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/Segment.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
@@ -21,6 +23,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Pair;
 using testing::UnorderedElementsAre;
 
 struct QuickCreatePanelViewTest : WidgetTest, FakeCreationController {
@@ -111,6 +114,13 @@ TEST_F(QuickCreatePanelViewTest, ASearchWithoutMatchShowsOnlyThatNothingWasFound
                                                    "/Users/u/Desktop", "Create File"));
 }
 
+TEST_F(QuickCreatePanelViewTest, ATextThatIsNotTypedFiltersToo) {
+    search().setText("json"); // as screen readers and input aids do
+    mainQueue.run();
+    EXPECT_EQ(controller.searchText.get(), "json");
+    EXPECT_THAT(shownTypes(), ElementsAre("json"));
+}
+
 TEST_F(QuickCreatePanelViewTest, AClickCreatesAndThePanelStaysOpen) {
     QTest::mouseClick(&tile("md"), Qt::LeftButton);
     mainQueue.run();
@@ -185,6 +195,22 @@ TEST_F(QuickCreatePanelViewTest, TabGoesThroughTheTilesInReadingOrderAlsoWhenTha
     }
 }
 
+TEST_F(QuickCreatePanelViewTest, TabLeadsFromTheLastTileToTheTop) {
+    tile("pptx").setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), view.findChild<Segment*>());
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), view.findChild<IconButton*>());
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(search().hasFocus());
+}
+
+TEST_F(QuickCreatePanelViewTest, WhoGivesThePanelTheKeyboardGivesItToTheSearchField) {
+    tile("pptx").setFocus();
+    view.setFocus(Qt::ActiveWindowFocusReason);
+    EXPECT_TRUE(search().hasFocus());
+}
+
 TEST_F(QuickCreatePanelViewTest, LettersTypedOnATileGoOnWithTheSearch) {
     typeText("sc");
     press(Qt::Key_Down);
@@ -237,6 +263,14 @@ TEST_F(QuickCreatePanelViewTest, EachShowingGivesTheSearchFieldTheKeyboardAndKee
     EXPECT_THAT(shownTypes(), ElementsAre("css"));
 }
 
+TEST_F(QuickCreatePanelViewTest, EachShowingTellsWhereTheDesktopIsNow) {
+    view.hide();
+    folders.desktopName = "Schreibtisch";
+    show(view);
+    EXPECT_THAT(shownTexts(), Contains("/Users/u/Schreibtisch"));
+    EXPECT_THAT(shownTexts(), Not(Contains("/Users/u/Desktop")));
+}
+
 TEST_F(QuickCreatePanelViewTest, ATypeThatIsSwitchedOffGoesAtOnce) {
     settings.setEnabled(false, "md");
     mainQueue.run();
@@ -265,6 +299,12 @@ TEST_F(QuickCreatePanelViewTest, TheTilesStandInThreeEqualColumns) {
     EXPECT_EQ(tile("csv").y() - first.geometry().bottom() - 1, 10);
 }
 
+TEST_F(QuickCreatePanelViewTest, SectionsAreSixteenPointsApart) {
+    const auto titles = view.findChildren<Heading*>();
+    const auto code = std::ranges::find(titles, QString("Code"), &Heading::text);
+    EXPECT_EQ((*code)->y() - tile("csv").geometry().bottom() - 1, 16);
+}
+
 TEST_F(QuickCreatePanelViewTest, TheTileThatHasTheKeyboardIsScrolledIntoView) {
     enlargeFont(1.5);
     QTest::qWait(20);
@@ -286,6 +326,30 @@ TEST_F(QuickCreatePanelViewTest, NothingCoversTheLineAroundIt) {
         ASSERT_EQ(image.pixelColor(0, y), theme.color(ColorRole::separator)) << y;
         ASSERT_EQ(image.pixelColor(view.width() - 1, y), theme.color(ColorRole::separator)) << y;
     }
+}
+
+TEST_F(QuickCreatePanelViewTest, ScreenReadersComeToEverythingInReadingOrder) {
+    using Role = QAccessible::Role;
+    const auto read = [&] {
+        auto texts = readTexts(view);
+        std::erase_if(texts, [](const auto& text) {
+            return text.first != Role::Heading && text.first != Role::PushButton;
+        });
+        return texts;
+    };
+    typeText("te");
+    EXPECT_THAT(read(),
+                ElementsAre(Pair(Role::Heading, "Create File"), Pair(Role::PushButton, "Close"),
+                            Pair(Role::Heading, "Plain Text"), Pair(Role::PushButton, "Text, .txt"),
+                            Pair(Role::PushButton, "Rich Text, .rtf")));
+    settings.fileTypeOrder.set({"rtf", "txt", "json"});
+    search().setText("t");
+    mainQueue.run();
+    EXPECT_THAT(read(),
+                ElementsAre(Pair(Role::Heading, "Create File"), Pair(Role::PushButton, "Close"),
+                            Pair(Role::Heading, "Plain Text"),
+                            Pair(Role::PushButton, "Rich Text, .rtf"),
+                            Pair(Role::PushButton, "Text, .txt")));
 }
 
 TEST_F(QuickCreatePanelViewTest, AHoveredTileIsTintedWithTheAccent) {

@@ -11,6 +11,7 @@
 #include "support/FakeUserDefaults.h"
 #include "widgets/DisclosureHeader.h"
 #include "widgets/IconButton.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/Segment.h"
 #include "widgets/SegmentedControl.h"
 #include "widgets/TextLabel.h"
@@ -140,6 +141,19 @@ TEST_F(ShortcutSettingsViewTest, TabGoesThroughTheRowsAsTheyStand) {
         reached.push_back(QApplication::focusWidget());
     }
     EXPECT_THAT(reached, ElementsAre(&recorder("md"), &clearButton("md"), &recorder(order()[1])));
+}
+
+TEST_F(ShortcutSettingsViewTest, ScreenReadersFindTheTitleAndComeToTheRowsAsTheyStand) {
+    EXPECT_THAT(readTexts(view, QAccessible::Heading), ElementsAre("Quick Create Shortcut"));
+    auto reversed = FileTypeCatalog::defaultOrder();
+    std::ranges::reverse(reversed);
+    settings.fileTypeOrder.set(reversed);
+    queue.run();
+    auto names = readTexts(view, QAccessible::StaticText);
+    std::erase_if(names, [](const auto& name) { return name.starts_with('.'); });
+    EXPECT_EQ(names.at(0), "Destination");
+    EXPECT_EQ(names.at(1), "PowerPoint Presentation");
+    EXPECT_EQ(names.back(), "Text");
 }
 
 TEST_F(ShortcutSettingsViewTest, ARecordedQuickCreateShortcutIsWrittenAtOnce) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/PrivateMounts.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -30,6 +32,15 @@ inline void inChildProcess(const std::function<void()>& body) {
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0) << "the child process failed";
+}
+
+/// As `inChildProcess`, with a view of its own of what is mounted where: what is mounted there is
+/// gone with the process.
+inline void withPrivateMounts(const std::function<void()>& body) {
+    inChildProcess([&] {
+        enterPrivateMounts();
+        body();
+    });
 }
 
 /// Gives up the rights of root, for good: a user who owns nothing. Call it in a child process. A

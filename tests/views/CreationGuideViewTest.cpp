@@ -3,7 +3,7 @@
 #include "settings/AppSettings.h"
 #include "support/FakeLog.h"
 #include "support/FakeUserDefaults.h"
-#include "views/ReadTexts.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/WidgetTest.h"
 
 namespace blankwell {

@@ -8,6 +8,7 @@
 #include "views/FileTypeRow.h"
 #include "views/FileTypeSectionView.h"
 #include "widgets/Metrics.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/ScrollArea.h"
 #include "widgets/Switch.h"
 #include "widgets/WidgetTest.h"
@@ -216,6 +217,16 @@ TEST_F(FileTypesListViewTest, ScreenReadersSeeListsOfSwitchesAndHowToMoveThem) {
               "2 of 9. Alt+Up and Alt+Down change the order.");
     accessible(toggle).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_FALSE(settings.enabledFileTypeIDs.get().contains("yaml"));
+}
+
+TEST_F(FileTypesListViewTest, ScreenReadersFindTheTitlesAndComeToTheRowsAsTheyStand) {
+    show(area);
+    EXPECT_THAT(readTexts(*list, QAccessible::Heading),
+                ElementsAre("Plain Text", "Code", "Office"));
+    settings.fileTypeOrder.set({"csv", "txt", "md", "rtf"});
+    settle();
+    EXPECT_THAT(readTexts(section(0), QAccessible::CheckBox),
+                ElementsAre("CSV", "Text", "Markdown", "Rich Text"));
 }
 
 TEST_F(FileTypesListViewTest, RowsAre36HighAndGrowWithTheFont) {

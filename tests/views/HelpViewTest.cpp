@@ -2,8 +2,8 @@
 
 #include "base/Overloaded.h"
 #include "views/HelpContent.h"
-#include "views/ReadTexts.h"
 #include "widgets/Heading.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/ScrollArea.h"
 #include "widgets/WidgetTest.h"
 

@@ -10,6 +10,7 @@
 #include "views/ExtensionStatusModel.h"
 #include "views/ExtensionStatusView.h"
 #include "widgets/PushButton.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/SegmentedControl.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
@@ -47,6 +48,7 @@ TEST_F(MainWindowCardsTest, ThePresencePickerWritesTheChoiceAndSaysWhatItMeans) 
     EXPECT_EQ(accessibleName(picker), "App Presence");
     EXPECT_EQ(picker.selected(), 1);
     EXPECT_THAT(texts(view), ElementsAre("App Presence", "Show Blankwell+ in the Dock only."));
+    EXPECT_THAT(readTexts(view, QAccessible::Heading), ElementsAre("App Presence"));
     QTest::mouseClick(view.findChildren<QRadioButton*>()[2], Qt::LeftButton);
     EXPECT_EQ(defaults.values.at("appPresence"), PropertyValue(std::string("menuBarOnly")));
     EXPECT_THAT(texts(view), Contains("Keep Blankwell+ available from the menu bar only."));
@@ -71,6 +73,8 @@ TEST_F(MainWindowCardsTest, TheUninstallCardStartsTheFlow) {
     EXPECT_EQ(view.findChild<SymbolLabel*>()->symbol(), "trash");
     EXPECT_EQ(accessibleName(button), "Uninstall...");
     EXPECT_EQ(accessible(button).role(), QAccessible::PushButton);
+    EXPECT_EQ(accessible(button).text(QAccessible::Description).toStdString(), texts(view).at(1));
+    EXPECT_THAT(readTexts(view, QAccessible::Heading), ElementsAre("Uninstall Blankwell+"));
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_THAT(events, ElementsAre("uninstall"));
 }

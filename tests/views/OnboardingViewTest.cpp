@@ -3,9 +3,9 @@
 #include "settings/AppSettings.h"
 #include "support/FakeLog.h"
 #include "support/FakeUserDefaults.h"
-#include "views/ReadTexts.h"
 #include "widgets/PageTurn.h"
 #include "widgets/PushButton.h"
+#include "widgets/ReadTexts.h"
 #include "widgets/WidgetTest.h"
 
 #include <QTest>

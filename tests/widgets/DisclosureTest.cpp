@@ -40,7 +40,7 @@ TEST_F(DisclosureTest, SpaceAndReturnOpenAndCloseIt) {
     EXPECT_FALSE(disclosure.isExpanded());
 }
 
-TEST_F(DisclosureTest, ScreenReadersHearWhetherItIsExpanded) {
+TEST_F(DisclosureTest, ScreenReadersSeeWhetherItIsExpanded) {
     auto& interface = accessible(header());
     EXPECT_EQ(interface.role(), QAccessible::Button);
     EXPECT_EQ(accessibleName(header()), "Direct File Shortcuts");

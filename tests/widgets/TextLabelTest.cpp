@@ -1,5 +1,6 @@
 #include "widgets/TextLabel.h"
 
+#include "widgets/Heading.h"
 #include "widgets/WidgetTest.h"
 
 #include <QVBoxLayout>
@@ -98,12 +99,18 @@ TEST_F(TextLabelTest, ALabelThatMustNotShrinkAsksForItsWholeWidth) {
     EXPECT_EQ(label.minimumSizeHint(), label.sizeHint());
 }
 
-TEST_F(TextLabelTest, ScreenReadersReadTheTextAndHearOfChanges) {
+TEST_F(TextLabelTest, ScreenReadersReadTheText) {
     TextLabel label(theme, "No **saved** roots.", marked);
     EXPECT_EQ(accessible(label).role(), QAccessible::StaticText);
     EXPECT_EQ(accessibleName(label), "No saved roots.");
     label.setText("1 root.");
     EXPECT_EQ(accessibleName(label), "1 root.");
+}
+
+TEST_F(TextLabelTest, ScreenReadersSeeAHeadingAsSuch) {
+    Heading heading(theme, "Folder **Access**", {.style = TextStyle::headline});
+    EXPECT_EQ(accessible(heading).role(), QAccessible::Heading);
+    EXPECT_EQ(accessibleName(heading), "Folder **Access**");
 }
 
 TEST_F(TextLabelTest, ATextHasTheColourOfItsRole) {

@@ -1,6 +1,7 @@
 #include "app/application/SceneWindow.h"
 
 #include "app/WindowScenes.h"
+#include "widgets/AccessibleRole.h"
 #include "widgets/QtStrings.h"
 
 #include <QCloseEvent>
@@ -18,6 +19,7 @@ QSize pixels(Size size) {
 } // namespace
 
 SceneWindow::SceneWindow(const WindowScene& scene, QWidget* content, QWidget* menuBar) {
+    setAccessibleRole(*this, QAccessible::Window);
     setWindowTitle(qString(scene.title));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

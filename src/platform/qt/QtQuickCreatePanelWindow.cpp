@@ -5,6 +5,7 @@
 #include "platform/qt/ScreenCoordinates.h"
 #include "platform/qt/X11WindowHints.h"
 
+#include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -87,6 +88,11 @@ private:
     bool isMovable_;
 };
 
+QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const window = dynamic_cast<PanelWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Dialog);
+}
+
 QSize pixels(Size size) {
     return {qRound(size.width), qRound(size.height)};
 }
@@ -104,6 +110,7 @@ QtQuickCreatePanelWindow::QtQuickCreatePanelWindow(
     : window_(std::make_unique<PanelWindow>(configuration, cornerRadius)),
       content_(content.get()),
       application_(application) {
+    QAccessible::installFactory(makeAccessible);
     auto* const layout = new QVBoxLayout(window_.get());
     layout->setContentsMargins({});
     layout->addWidget(content.release()); // which the window owns now

@@ -15,7 +15,7 @@ class QtApplication;
 class QtQuickCreatePanelWindow : public QuickCreatePanelWindow {
 public:
     /// Makes the window and draws it once, hidden, so that showing it is fast. `content` fills it
-    /// and gets the keyboard through its focus proxy; a window without a title bar has its rounded
+    /// and gets the keyboard; a window without a title bar has its rounded
     /// corners. `application` must outlive this object.
     QtQuickCreatePanelWindow(const QuickCreatePanelConfiguration& configuration,
                              std::unique_ptr<QWidget> content, int cornerRadius,

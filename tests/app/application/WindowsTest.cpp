@@ -103,7 +103,8 @@ TEST_F(WindowsTest, EachSceneHasOneWindow) {
         const auto title = QString::fromStdString(std::string(scene.title));
         windows.open(scene.id);
         windows.open(scene.id);
-        EXPECT_EQ(shown(title).size(), 1) << scene.title;
+        ASSERT_EQ(shown(title).size(), 1) << scene.title;
+        EXPECT_EQ(accessible(*shown(title).front()).role(), QAccessible::Window) << scene.title;
     }
     windows.open("no such scene");
 }

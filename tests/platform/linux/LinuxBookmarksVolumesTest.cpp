@@ -2,6 +2,7 @@
 #include "platform/linux/LinuxAccessScopes.h"
 #include "platform/linux/LinuxBookmarks.h"
 #include "platform/linux/ScratchFolder.h"
+#include "support/ChildProcess.h"
 #include "support/PrivateMounts.h"
 
 #include <fmt/core.h>
