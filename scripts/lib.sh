@@ -2,7 +2,7 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    libexpat1-dev libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
