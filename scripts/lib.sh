@@ -2,7 +2,8 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libexpat1-dev libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    libarchive-dev libcurl4-openssl-dev libexpat1-dev libssl-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
@@ -10,6 +11,8 @@ test_packages=(libgtest-dev libgmock-dev
     libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui
     # the command line, its manual and its completions
     binutils groff zsh fish
+    # releases, and the server of updates
+    openssl zstd
     # the services of the system
     systemd locales xdg-user-dirs e2fsprogs mount
     # the desktop and its file managers
