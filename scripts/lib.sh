@@ -26,6 +26,8 @@ lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
 # the pictures of the documentation, and the font in them
 screenshot_packages=(pngquant fonts-inter)
 bench_packages=(libbenchmark-dev
+    # updates, and what they are compared with
+    openssl python3 zstd
     # the application on a desktop, and what it is compared with
     xvfb openbox dbus-daemon xfconf xfce4-panel libglib2.0-bin rofi
     libxcb-xtest0-dev libxcb-damage0-dev)

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <openssl/evp.h>
+#include <openssl/pem.h>
 
 namespace blankwell {
 
@@ -20,6 +21,15 @@ public:
         std::size_t size = raw.size();
         EVP_PKEY_get_raw_public_key(key_.get(), raw.data(), &size);
         return base64({raw.data(), size});
+    }
+
+    /// The public key as a PEM file.
+    [[nodiscard]] std::string publicKeyPem() const {
+        const std::unique_ptr<BIO, decltype(&BIO_free)> memory(BIO_new(BIO_s_mem()), BIO_free);
+        PEM_write_bio_PUBKEY(memory.get(), key_.get());
+        char* text = nullptr;
+        const auto size = BIO_get_mem_data(memory.get(), &text);
+        return {text, static_cast<std::size_t>(size)};
     }
 
     /// The signature of `message`, in base64.
