@@ -6,6 +6,7 @@
 
 #include <expat.h>
 
+#include <array>
 #include <charconv>
 #include <memory>
 #include <type_traits>
@@ -41,7 +42,7 @@ struct TextField {
     std::string AppcastItem::* member;
 };
 
-constexpr TextField textElements[] = {
+constexpr auto textElements = std::to_array<TextField>({
     {"sparkle:version", &AppcastItem::version},
     {"sparkle:shortVersionString", &AppcastItem::shortVersion},
     {"sparkle:minimumSystemVersion", &AppcastItem::minimumSystemVersion},
@@ -49,16 +50,16 @@ constexpr TextField textElements[] = {
     {"sparkle:channel", &AppcastItem::channel},
     {"sparkle:releaseNotesLink", &AppcastItem::releaseNotesLink},
     {"description", &AppcastItem::description},
-};
+});
 
 /// What stands in an element of the item is preferred to these.
-constexpr TextField enclosureAttributes[] = {
+constexpr auto enclosureAttributes = std::to_array<TextField>({
     {"url", &AppcastItem::url},
     {"sparkle:edSignature", &AppcastItem::signature},
     {"sparkle:os", &AppcastItem::operatingSystem},
     {"sparkle:version", &AppcastItem::version},
     {"sparkle:shortVersionString", &AppcastItem::shortVersion},
-};
+});
 
 /// Takes in the events of one feed.
 class FeedReader {

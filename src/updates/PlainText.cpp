@@ -3,6 +3,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <optional>
@@ -14,20 +15,32 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n\f";
 
-constexpr std::string_view blockTags[] = {
+constexpr auto blockTags = std::to_array<std::string_view>({
     "address", "article", "blockquote", "br",  "dd",      "div",   "dl", "dt", "footer",
     "h1",      "h2",      "h3",         "h4",  "h5",      "h6",    "hr", "li", "main",
     "ol",      "p",       "pre",        "row", "section", "table", "tr", "ul",
-};
+});
 
 /// What stands in these is not for readers.
-constexpr std::string_view hiddenTags[] = {"script", "style", "title"};
+constexpr auto hiddenTags = std::to_array<std::string_view>({"script", "style", "title"});
 
-constexpr std::pair<std::string_view, std::string_view> references[] = {
-    {"amp", "&"},   {"lt", "<"},     {"gt", ">"},    {"quot", "\""}, {"apos", "'"},
-    {"nbsp", " "},  {"hellip", "…"}, {"ndash", "–"}, {"mdash", "—"}, {"lsquo", "‘"},
-    {"rsquo", "’"}, {"ldquo", "“"},  {"rdquo", "”"}, {"bull", "•"},  {"copy", "©"},
-};
+constexpr auto references = std::to_array<std::pair<std::string_view, std::string_view>>({
+    {"amp", "&"},
+    {"lt", "<"},
+    {"gt", ">"},
+    {"quot", "\""},
+    {"apos", "'"},
+    {"nbsp", " "},
+    {"hellip", "…"},
+    {"ndash", "–"},
+    {"mdash", "—"},
+    {"lsquo", "‘"},
+    {"rsquo", "’"},
+    {"ldquo", "“"},
+    {"rdquo", "”"},
+    {"bull", "•"},
+    {"copy", "©"},
+});
 
 bool contains(std::span<const std::string_view> names, std::string_view name) {
     return std::ranges::find(names, name) != names.end();
@@ -75,7 +88,7 @@ std::optional<std::string> resolved(std::string_view reference) {
     }
     const auto* const found =
         std::ranges::find(references, reference, [](const auto& entry) { return entry.first; });
-    return found == std::end(references) ? std::nullopt : std::optional(std::string(found->second));
+    return found == references.end() ? std::nullopt : std::optional(std::string(found->second));
 }
 
 /// Builds the text from the pieces of the page.

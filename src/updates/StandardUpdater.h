@@ -31,7 +31,7 @@ class UpdateUserInterface;
 /// asked for fails silently but for the log. Belongs to the main thread.
 class StandardUpdater : public UpdaterController {
 public:
-    /// All must outlive the updater, and the user interface must have no other owner.
+    /// All must outlive the updater, which the user interface must not share with another.
     struct Services {
         const Bundle& bundle;
         Installation installation;

@@ -12,17 +12,18 @@ namespace {
 
 using Reason = UpdateFailure::Reason;
 
+bool isBase64Letter(char character) {
+    const auto lowered = static_cast<char>(character | 0x20);
+    return (lowered >= 'a' && lowered <= 'z') || (character >= '0' && character <= '9') ||
+           character == '_';
+}
+
 /// A name for the archive that another archive does not have.
 std::string archiveName(const AppcastItem& item) {
     constexpr std::size_t length = 32;
     auto name = item.signature.substr(0, length);
-    std::ranges::replace_if(
-        name,
-        [](char character) {
-            const auto lowered = static_cast<char>(character | 0x20);
-            return !(lowered >= 'a' && lowered <= 'z') && !(character >= '0' && character <= '9');
-        },
-        '_');
+    std::ranges::replace(name, '+', '_');
+    std::ranges::replace_if(name, [](char character) { return !isBase64Letter(character); }, '-');
     return name;
 }
 

@@ -6,6 +6,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -54,54 +55,56 @@ UpdatePage foundPage(const UpdateFound& found, const std::string& runningVersion
     return page;
 }
 
+UpdatePage upToDatePage(const std::string& runningVersion) {
+    return {.title = "You are up to date",
+            .text = fmt::format("Blankwell+ {} is the newest version.", runningVersion),
+            .buttons = {okButton},
+            .offersAutomaticChecks = true};
+}
+
+UpdatePage waitingPage(std::string title, UpdatePage::Progress progress) {
+    return {.title = std::move(title), .progress = std::move(progress), .buttons = {cancelButton}};
+}
+
+UpdatePage readyPage(const AppcastItem& item) {
+    return {.title = fmt::format("Blankwell+ {} is installed", item.shortVersion),
+            .text = "It is used from the next start of Blankwell+ on.",
+            .buttons = {{"Relaunch Now", UpdateAnswer::relaunch, true},
+                        {"Later", UpdateAnswer::close}}};
+}
+
+UpdatePage failedPage(const std::string& description) {
+    return {
+        .title = "The update did not work",
+        .text = description,
+        .buttons = {{"Try Again", UpdateAnswer::tryAgain, true}, {"Close", UpdateAnswer::close}}};
+}
+
+UpdatePage elsewherePage(const std::string& description) {
+    return {.title = "Blankwell+ does not update itself here",
+            .text = description,
+            .buttons = {okButton}};
+}
+
 } // namespace
 
 UpdatePage pageFor(const UpdateState& state, const std::string& runningVersion) {
     return std::visit(
         Overloaded{
-            [](const CheckingForUpdate&) {
-                return UpdatePage{.title = "Checking for updates…",
-                                  .progress = UpdatePage::Progress{},
-                                  .buttons = {cancelButton}};
-            },
+            [](const CheckingForUpdate&) { return waitingPage("Checking for updates…", {}); },
             [&](const UpdateFound& found) { return foundPage(found, runningVersion); },
-            [&](const NoUpdateFound&) {
-                return UpdatePage{
-                    .title = "You are up to date",
-                    .text = fmt::format("Blankwell+ {} is the newest version.", runningVersion),
-                    .buttons = {okButton},
-                    .offersAutomaticChecks = true};
+            [&](const NoUpdateFound&) { return upToDatePage(runningVersion); },
+            [](const DownloadingUpdate& now) {
+                return waitingPage(fmt::format("Downloading Blankwell+ {}…", now.item.shortVersion),
+                                   progressOf(now.progress));
             },
-            [](const DownloadingUpdate& downloading) {
-                return UpdatePage{.title = fmt::format("Downloading Blankwell+ {}…",
-                                                       downloading.item.shortVersion),
-                                  .progress = progressOf(downloading.progress),
-                                  .buttons = {cancelButton}};
+            [](const InstallingUpdate& now) {
+                return waitingPage(fmt::format("Installing Blankwell+ {}…", now.item.shortVersion),
+                                   {});
             },
-            [](const InstallingUpdate& installing) {
-                return UpdatePage{
-                    .title = fmt::format("Installing Blankwell+ {}…", installing.item.shortVersion),
-                    .progress = UpdatePage::Progress{},
-                    .buttons = {cancelButton}};
-            },
-            [](const UpdateReady& ready) {
-                return UpdatePage{
-                    .title = fmt::format("Blankwell+ {} is installed", ready.item.shortVersion),
-                    .text = "It is used from the next start of Blankwell+ on.",
-                    .buttons = {{"Relaunch Now", UpdateAnswer::relaunch, true},
-                                {"Later", UpdateAnswer::close}}};
-            },
-            [](const UpdateFailed& failed) {
-                return UpdatePage{.title = "The update did not work",
-                                  .text = failed.description,
-                                  .buttons = {{"Try Again", UpdateAnswer::tryAgain, true},
-                                              {"Close", UpdateAnswer::close}}};
-            },
-            [](const UpdatedElsewhere& elsewhere) {
-                return UpdatePage{.title = "Blankwell+ does not update itself here",
-                                  .text = elsewhere.description,
-                                  .buttons = {okButton}};
-            },
+            [](const UpdateReady& ready) { return readyPage(ready.item); },
+            [](const UpdateFailed& failed) { return failedPage(failed.description); },
+            [](const UpdatedElsewhere& elsewhere) { return elsewherePage(elsewhere.description); },
         },
         state);
 }

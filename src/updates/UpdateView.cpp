@@ -8,16 +8,19 @@
 #include "widgets/Switch.h"
 #include "widgets/TextLabel.h"
 
+#include <QFontMetrics>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace blankwell {
 namespace {
 
-constexpr int pageWidth = 460;
+/// The page's width in lines of text, so that it grows with the font.
+constexpr int widthInLines = 27;
 constexpr int notesHeight = 160;
 
 bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
@@ -34,7 +37,6 @@ UpdateView::UpdateView(const Theme& theme, QWidget* parent) : QWidget(parent), t
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
-    setMinimumWidth(pageWidth);
 }
 
 void UpdateView::show(const UpdatePage& page, bool checksAutomatically) {
@@ -54,7 +56,7 @@ void UpdateView::build(bool checksAutomatically) {
     bar_ = nullptr;
     amount_ = nullptr;
     content_ = new QWidget;
-    content_->setFixedWidth(pageWidth);
+    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
     auto* const lines = new QVBoxLayout(content_);
     lines->setContentsMargins(metrics::mainWindowMargin, metrics::panelMargin,
                               metrics::mainWindowMargin, metrics::panelMargin);
@@ -145,14 +147,14 @@ void UpdateView::addButtons(QVBoxLayout& lines) {
     auto* const row = new QHBoxLayout;
     row->setSpacing(2 * metrics::grid);
     row->addStretch();
-    for (auto button = page_.buttons.rbegin(); button != page_.buttons.rend(); ++button) {
+    for (const auto& button : std::views::reverse(page_.buttons)) {
         auto* const widget = new PushButton(
-            theme_, button->title,
-            button->isDefault ? PushButton::Kind::accent : PushButton::Kind::plain, content_);
+            theme_, button.title,
+            button.isDefault ? PushButton::Kind::accent : PushButton::Kind::plain, content_);
         connect(widget, &PushButton::clicked, this,
-                [this, answer = button->answer] { emit answered(answer); });
+                [this, answer = button.answer] { emit answered(answer); });
         row->addWidget(widget);
-        if (button->isDefault || page_.buttons.size() == 1) {
+        if (button.isDefault || page_.buttons.size() == 1) {
             first_ = widget;
         }
     }

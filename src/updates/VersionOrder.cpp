@@ -21,7 +21,8 @@ bool isDigit(char character) {
 /// Letters, and every byte of a letter outside of ASCII.
 bool isWordCharacter(char character) {
     const auto lowered = static_cast<char>(character | 0x20);
-    return (lowered >= 'a' && lowered <= 'z') || (static_cast<unsigned char>(character) & 0x80U);
+    return (lowered >= 'a' && lowered <= 'z') ||
+           (static_cast<unsigned char>(character) & 0x80U) != 0;
 }
 
 std::string_view withoutLeadingZeros(std::string_view digits) {

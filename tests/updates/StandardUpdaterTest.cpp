@@ -196,8 +196,8 @@ TEST_F(StandardUpdaterTest, AnUpdateIsDownloadedVerifiedAndInstalled) {
     user.shown.clear();
     work();
     EXPECT_THAT(transfers.downloaded,
-                ElementsAre(std::pair("https://example.org/a", "/staging/a__b")));
-    EXPECT_THAT(installer.done, ElementsAre("unpack /staging/a__b a+/b key", "install"));
+                ElementsAre(std::pair("https://example.org/a", "/staging/a_-b")));
+    EXPECT_THAT(installer.done, ElementsAre("unpack /staging/a_-b a+/b key", "install"));
     ASSERT_THAT(user.shown, SizeIs(4));
     EXPECT_EQ(std::get<DownloadingUpdate>(user.shown[1]).progress.received, 80U);
     EXPECT_TRUE(std::holds_alternative<InstallingUpdate>(user.shown[2]));

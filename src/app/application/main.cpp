@@ -123,7 +123,7 @@ int run(const Invocation& invocation, std::optional<FileUrl>& successor) {
 int become(const FileUrl& program) {
     constexpr unsigned firstOfOurs = STDERR_FILENO + 1;
     ::close_range(firstOfOurs, ~0U, CLOSE_RANGE_CLOEXEC);
-    const auto path = program.path();
+    const auto& path = program.path();
     ::execl(path.c_str(), path.c_str(), nullptr);
     return fail(posixError(errno, "Blankwell+ could not be started again").description);
 }

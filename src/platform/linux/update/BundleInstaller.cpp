@@ -1,5 +1,6 @@
 #include "platform/linux/update/BundleInstaller.h"
 
+#include "base/Bytes.h"
 #include "platform/linux/BundleDirectory.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/SystemErrors.h"
@@ -33,15 +34,7 @@ std::unexpected<UpdateFailure> diskFailure(int number, std::string_view what) {
     return std::unexpected(UpdateFailure{Reason::disk, posixError(number, what).description});
 }
 
-/// The bytes of a file, without the cost of clearing the memory first.
-struct Contents {
-    std::unique_ptr<std::byte[]> bytes;
-    std::size_t size = 0;
-
-    [[nodiscard]] std::span<const std::byte> span() const { return {bytes.get(), size}; }
-};
-
-std::expected<Contents, int> read(const FileUrl& url) {
+std::expected<Bytes, int> read(const FileUrl& url) {
     const FileDescriptor file(::open(url.path().c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
     struct stat status{};
     if (!file || ::fstat(file.get(), &status) != 0) {
@@ -51,14 +44,13 @@ std::expected<Contents, int> read(const FileUrl& url) {
     if (size > largestArchive) {
         return std::unexpected(EFBIG);
     }
-    Contents contents{std::make_unique_for_overwrite<std::byte[]>(size)};
-    while (contents.size < size) {
-        const auto count =
-            ::read(file.get(), contents.bytes.get() + contents.size, size - contents.size);
+    Bytes contents(size);
+    for (std::span<std::byte> rest(contents); !rest.empty();) {
+        const auto count = ::read(file.get(), rest.data(), rest.size());
         if (count == 0 || (count < 0 && errno != EINTR)) {
             return std::unexpected(count == 0 ? EIO : errno);
         }
-        contents.size += count < 0 ? 0 : static_cast<std::size_t>(count);
+        rest = rest.subspan(count < 0 ? 0 : static_cast<std::size_t>(count));
     }
     return contents;
 }
@@ -135,12 +127,12 @@ private:
         if (!contents) {
             return diskFailure(contents.error(), "The update could not be read");
         }
-        if (!isSignedByEd25519(contents->span(), signature, key)) {
+        if (!isSignedByEd25519(*contents, signature, key)) {
             return std::unexpected(UpdateFailure{
                 Reason::wrongSignature, "The update is not signed by the makers of Blankwell+. "
                                         "It was thrown away, and nothing has changed."});
         }
-        return unpackInto(contents->span(), stop);
+        return unpackInto(*contents, stop);
     }
 
     std::expected<std::unique_ptr<StagedBundle>, UpdateFailure>

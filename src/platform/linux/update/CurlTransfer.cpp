@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
@@ -37,7 +38,9 @@ std::optional<std::uint64_t> rangeBegin(std::string_view header) {
 
 bool startsWithIgnoringCase(std::string_view text, std::string_view lowered) {
     return text.size() >= lowered.size() &&
-           curl_strnequal(text.data(), lowered.data(), lowered.size()) != 0;
+           std::ranges::equal(text.substr(0, lowered.size()), lowered, [](char one, char other) {
+               return one == other || (one >= 'A' && one <= 'Z' && (one | 0x20) == other);
+           });
 }
 
 Reason reasonOf(CURLcode code) {
@@ -171,6 +174,7 @@ private:
     std::expected<void, UpdateFailure> result() {
         int left = 0;
         const CURLMsg* const message = curl_multi_info_read(multi_.get(), &left);
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): that is libcurl's form of it
         const auto code = message == nullptr ? CURLE_FAILED_INIT : message->data.result;
         if (failure_) {
             return std::unexpected(*std::move(failure_));
