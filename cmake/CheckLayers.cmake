@@ -2,7 +2,7 @@
 # adapter outside of src/app, and on a test for an operating system outside of src/platform.
 #
 # Usage: cmake -DSOURCE_DIR=DIR -P CheckLayers.cmake
-set(layers base platform filetypes widgets settings access quickcreate shell views app)
+set(layers base platform filetypes widgets settings access quickcreate shell updates views app)
 set(adapter_folders platform/linux platform/qt)
 set(violations "")
 

@@ -3,6 +3,7 @@
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
     libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    libarchive-dev libcurl4-openssl-dev libexpat1-dev libssl-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
@@ -10,6 +11,8 @@ test_packages=(libgtest-dev libgmock-dev
     libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui
     # the command line, its manual and its completions
     binutils groff zsh fish
+    # releases, and the server of updates
+    openssl zstd
     # the services of the system
     systemd locales xdg-user-dirs e2fsprogs mount
     # the desktop and its file managers
@@ -23,6 +26,8 @@ lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
 # the pictures of the documentation, and the font in them
 screenshot_packages=(pngquant fonts-inter)
 bench_packages=(libbenchmark-dev
+    # updates, and what they are compared with
+    openssl python3 zstd
     # the application on a desktop, and what it is compared with
     xvfb openbox dbus-daemon xfconf xfce4-panel libglib2.0-bin rofi
     libxcb-xtest0-dev libxcb-damage0-dev)

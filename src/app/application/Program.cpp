@@ -7,6 +7,8 @@
 #include "platform/linux/JournalLog.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
+#include "platform/linux/update/BundleInstallation.h"
+#include "platform/linux/update/StagingFolder.h"
 #include "widgets/Symbols.h"
 
 #include <QApplication>
@@ -81,6 +83,24 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
+      bundleUse_(bundleOfPrograms(programFolder)),
+      updateJob_(programFolder, environment_.variable("SSL_CERT_FILE").value_or(""), bundleUse_),
+      updateWindow_(theme_, application_,
+                    bundle_.infoString("CFBundleShortVersionString").value_or("")),
+      updaters_({
+          .bundle = bundle_,
+          .installation = installationOf(bundleUse_.bundle(), environment_),
+          .systemVersion = runningSystemVersion(),
+          .defaults = domains_.standard(),
+          .job = [this] { return updateJob_.load(); },
+          .userInterface = updateWindow_,
+          .background = background_,
+          .mainQueue = mainQueue_,
+          .timer = timer_,
+          .now = UpdateSchedule::Clock::now,
+          .relaunch = [this] { relaunch(); },
+          .log = *log_,
+      }),
       statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
       presenceController_({
           .settings = settings_,
@@ -145,6 +165,7 @@ void Program::start(const Invocation& invocation) {
     QTimer::singleShot(0, [this] {
         creation_.prepareQuickCreatePanel();
         windows_.prepareMainWindow();
+        removeOldBundles();
     });
 }
 
@@ -165,6 +186,21 @@ void Program::keepReachable() {
 void Program::endUnlessReachable() {
     if (!creation_.hasHotKeys() && !statusBar_.showsItem()) {
         terminate();
+    }
+}
+
+/// From where the program stood at its start, which is where an update stands now.
+void Program::relaunch() {
+    successor_ = bundleUse_.bundle().appending("Contents/Linux/blankwell-plus");
+    terminate();
+}
+
+/// What an update replaced before this start.
+void Program::removeOldBundles() {
+    if (installationOf(bundleUse_.bundle(), environment_) == Installation::ownBundle) {
+        sweep_ = background_.run([bundle = bundleUse_.bundle()](const std::stop_token&) {
+            StagingFolder::sweep(bundle);
+        });
     }
 }
 

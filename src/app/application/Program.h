@@ -9,6 +9,8 @@
 #include "app/application/NoUninstall.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
+#include "app/application/UpdateJobLoader.h"
+#include "app/application/UpdateWindow.h"
 #include "app/application/Windows.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
@@ -20,12 +22,13 @@
 #include "platform/linux/LinuxAccessScopes.h"
 #include "platform/linux/LinuxBookmarks.h"
 #include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/NoUpdaters.h"
 #include "platform/linux/ProcessEnvironment.h"
 #include "platform/linux/ScopedFileSystem.h"
 #include "platform/linux/UserDatabaseAccount.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 #include "platform/linux/XdgWellKnownFolders.h"
+#include "platform/linux/update/BundleUse.h"
+#include "platform/linux/update/ThreadedWork.h"
 #include "platform/qt/PortalAppearance.h"
 #include "platform/qt/QtAlert.h"
 #include "platform/qt/QtApplication.h"
@@ -34,13 +37,16 @@
 #include "platform/qt/QtOpenPanel.h"
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtStatusBar.h"
+#include "platform/qt/QtTimer.h"
 #include "quickcreate/DesktopCreationController.h"
 #include "settings/AppSettings.h"
 #include "shell/AppPresenceController.h"
 #include "shell/BlankwellSelfUpdater.h"
+#include "updates/StandardUpdaters.h"
 #include "widgets/Theme.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace blankwell::application {
@@ -66,6 +72,9 @@ public:
     /// Stops the controllers. To be called when the event loop ends.
     void stop() { delegate_.applicationWillTerminate(); }
 
+    /// The program to run in this process once all has ended; nothing where it ends for good.
+    [[nodiscard]] const std::optional<FileUrl>& successor() const { return successor_; }
+
     /// Does what was asked for and not begun when the event loop ended.
     void finishRequests() { mainQueue_.drain(); }
 
@@ -73,7 +82,10 @@ private:
     [[nodiscard]] FileSystem& writableFiles();
     void keepReachable();
     void endUnlessReachable();
+    void relaunch();
+    void removeOldBundles();
 
+    std::optional<FileUrl> successor_;
     // In the order of construction.
     ProcessEnvironment environment_;
     UserDatabaseAccount account_{environment_};
@@ -109,13 +121,19 @@ private:
     QtQuickCreatePanels panels_;
     DesktopCreationController creation_;
     RemoteRequests remoteRequests_;
-    NoUpdaters updaters_;
+    QtTimer timer_;
+    BundleUse bundleUse_;
+    UpdateJobLoader updateJob_;
+    UpdateWindow updateWindow_;
+    ThreadedWork background_;
+    StandardUpdaters updaters_;
     BlankwellSelfUpdater selfUpdater_{bundle_, updaters_, mainQueue_};
     NoUninstall uninstaller_{alert_};
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;
     Windows windows_;
+    Subscription sweep_;
 };
 
 } // namespace blankwell::application

@@ -3,6 +3,7 @@
 #include "app/application/Program.h"
 #include "platform/Identifiers.h"
 #include "platform/linux/DBusApplication.h"
+#include "platform/linux/SystemErrors.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SessionInstance.h"
@@ -10,12 +11,16 @@
 #include <QApplication>
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <linux/close_range.h>
+#include <unistd.h>
 
 namespace blankwell::application {
 namespace {
@@ -55,8 +60,10 @@ void configure() {
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
-/// Runs the one instance of the session until it is told to end.
-int runFirst(SessionInstance& instance, const Invocation& invocation) {
+/// Runs the one instance of the session until it is told to end. `successor` is the program to run
+/// after it, if there is to be one.
+int runFirst(SessionInstance& instance, const Invocation& invocation,
+             std::optional<FileUrl>& successor) {
     const auto folder = BundleDirectory::folderOfRunningProgram();
     if (!folder) {
         return fail(folder.error().description);
@@ -81,6 +88,7 @@ int runFirst(SessionInstance& instance, const Invocation& invocation) {
     program.stop(); // first of all, so that the next instance gets the hot keys
     instance.retire();
     program.finishRequests();
+    successor = program.successor();
     return status;
 }
 
@@ -92,13 +100,13 @@ SessionApplication::Taken handOver(const Invocation& invocation) {
     return invocation.urls.empty() ? application.activate() : application.open(invocation.urls);
 }
 
-int run(const Invocation& invocation) {
+int run(const Invocation& invocation, std::optional<FileUrl>& successor) {
     constexpr int attempts = 3;
     configure();
     for (int attempt = 1;; ++attempt) {
         SessionInstance instance{std::string(bundleIdentifier)};
         if (instance.claim() != SessionInstance::Claim::taken) {
-            return runFirst(instance, invocation);
+            return runFirst(instance, invocation, successor);
         }
         const auto taken = handOver(invocation);
         if (taken) {
@@ -109,6 +117,15 @@ int run(const Invocation& invocation) {
             return fail(taken.error().description);
         }
     }
+}
+
+/// Goes on as `program`, with nothing of this one but its process and its environment.
+int become(const FileUrl& program) {
+    constexpr unsigned firstOfOurs = STDERR_FILENO + 1;
+    ::close_range(firstOfOurs, ~0U, CLOSE_RANGE_CLOEXEC);
+    const auto& path = program.path();
+    ::execl(path.c_str(), path.c_str(), nullptr);
+    return fail(posixError(errno, "Blankwell+ could not be started again").description);
 }
 
 } // namespace
@@ -124,6 +141,10 @@ int main(int argc, char** argv) {
     if (const auto text = textInstead(invocation->purpose)) {
         return say(*text);
     }
-    const QApplication application(argc, argv);
-    return run(*invocation);
+    std::optional<blankwell::FileUrl> successor;
+    const int status = [&] {
+        const QApplication application(argc, argv);
+        return run(*invocation, successor);
+    }();
+    return successor ? become(*successor) : status;
 }

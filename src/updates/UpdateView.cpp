@@ -1,0 +1,177 @@
+#include "updates/UpdateView.h"
+
+#include "widgets/Heading.h"
+#include "widgets/Metrics.h"
+#include "widgets/PushButton.h"
+#include "widgets/QtStrings.h"
+#include "widgets/ScrollArea.h"
+#include "widgets/Switch.h"
+#include "widgets/TextLabel.h"
+
+#include <QFontMetrics>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
+namespace blankwell {
+namespace {
+
+/// The page's width in lines of text, so that it grows with the font.
+constexpr int widthInLines = 27;
+constexpr int notesHeight = 160;
+
+bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
+    if (!page.progress || !other.progress) {
+        return false;
+    }
+    other.progress = page.progress;
+    return page == other;
+}
+
+} // namespace
+
+UpdateView::UpdateView(const Theme& theme, QWidget* parent) : QWidget(parent), theme_(theme) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+}
+
+void UpdateView::show(const UpdatePage& page, bool checksAutomatically) {
+    const bool isSamePage = content_ != nullptr && differsInProgressOnly(page, page_);
+    page_ = page;
+    if (!isSamePage) {
+        build(checksAutomatically);
+    }
+    showProgress();
+}
+
+void UpdateView::build(bool checksAutomatically) {
+    if (content_ != nullptr) {
+        content_->hide();
+        content_->deleteLater(); // a button of it may be what led here
+    }
+    bar_ = nullptr;
+    amount_ = nullptr;
+    content_ = new QWidget;
+    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
+    auto* const lines = new QVBoxLayout(content_);
+    lines->setContentsMargins(metrics::mainWindowMargin, metrics::panelMargin,
+                              metrics::mainWindowMargin, metrics::panelMargin);
+    lines->setSpacing(2 * metrics::grid);
+    addTexts(*lines);
+    addNotes(*lines);
+    addProgress(*lines);
+    addAutomaticChecks(*lines, checksAutomatically);
+    addButtons(*lines);
+    layout()->addWidget(content_);
+    first_->setFocus(Qt::TabFocusReason); // once it is in the window whose keyboard it gets
+}
+
+void UpdateView::addTexts(QVBoxLayout& lines) {
+    lines.addWidget(
+        new Heading(theme_, page_.title,
+                    {.style = TextStyle::headline, .overflow = TextLabel::Overflow::wrap}));
+    if (!page_.text.empty()) {
+        lines.addWidget(new TextLabel(theme_, page_.text, {.overflow = TextLabel::Overflow::wrap}));
+    }
+}
+
+/// A label for each line, since a label has none of its own.
+QWidget* UpdateView::notesOf(std::string_view notes) {
+    auto* const text = new QWidget;
+    auto* const lines = new QVBoxLayout(text);
+    lines->setContentsMargins({});
+    lines->setSpacing(metrics::grid);
+    while (!notes.empty()) {
+        const auto line = notes.substr(0, notes.find('\n'));
+        lines->addWidget(new TextLabel(theme_, line,
+                                       {.style = TextStyle::callout,
+                                        .color = ColorRole::secondaryLabel,
+                                        .overflow = TextLabel::Overflow::wrap}));
+        notes.remove_prefix(std::min(line.size() + 1, notes.size()));
+    }
+    lines->addStretch();
+    return text;
+}
+
+void UpdateView::addNotes(QVBoxLayout& lines) {
+    if (page_.notes.empty()) {
+        return;
+    }
+    auto* const area = new ScrollArea(theme_);
+    area->setWidget(notesOf(page_.notes));
+    area->setWidgetResizable(true);
+    area->setFixedHeight(notesHeight);
+    area->setFocusPolicy(Qt::TabFocus); // so that keys can scroll it
+    area->setAccessibleName(qString(updateNotesTitle));
+    lines.addSpacing(metrics::grid);
+    lines.addWidget(area);
+}
+
+void UpdateView::addProgress(QVBoxLayout& lines) {
+    if (!page_.progress) {
+        return;
+    }
+    bar_ = new QProgressBar;
+    bar_->setTextVisible(false);
+    bar_->setAccessibleName(qString(page_.title));
+    amount_ = new TextLabel(theme_, page_.progress->text,
+                            {.style = TextStyle::caption, .color = ColorRole::secondaryLabel});
+    lines.addWidget(bar_);
+    lines.addWidget(amount_);
+}
+
+void UpdateView::addAutomaticChecks(QVBoxLayout& lines, bool checksAutomatically) {
+    if (!page_.offersAutomaticChecks) {
+        return;
+    }
+    auto* const toggle = new Switch(theme_, automaticChecksTitle);
+    toggle->setChecked(checksAutomatically);
+    connect(toggle, &Switch::toggled, this, &UpdateView::checksAutomaticallyChanged);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(2 * metrics::grid);
+    row->addWidget(toggle);
+    row->addWidget(
+        new TextLabel(theme_, automaticChecksTitle,
+                      {.style = TextStyle::callout, .overflow = TextLabel::Overflow::wrap}),
+        1);
+    lines.addSpacing(metrics::grid);
+    lines.addLayout(row);
+}
+
+/// The default button stands at the end, as the eye comes to it last.
+void UpdateView::addButtons(QVBoxLayout& lines) {
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(2 * metrics::grid);
+    row->addStretch();
+    for (const auto& button : std::views::reverse(page_.buttons)) {
+        auto* const widget = new PushButton(
+            theme_, button.title,
+            button.isDefault ? PushButton::Kind::accent : PushButton::Kind::plain, content_);
+        connect(widget, &PushButton::clicked, this,
+                [this, answer = button.answer] { emit answered(answer); });
+        row->addWidget(widget);
+        if (button.isDefault || page_.buttons.size() == 1) {
+            first_ = widget;
+        }
+    }
+    lines.addSpacing(2 * metrics::grid);
+    lines.addLayout(row);
+}
+
+void UpdateView::showProgress() {
+    if (bar_ == nullptr) {
+        return;
+    }
+    constexpr int steps = 1000;
+    const auto& fraction = page_.progress->fraction;
+    bar_->setRange(0, fraction ? steps : 0); // an empty range is drawn as time that is not known
+    bar_->setValue(fraction ? static_cast<int>(*fraction * steps) : 0);
+    amount_->setText(page_.progress->text);
+    amount_->setVisible(!page_.progress->text.empty());
+}
+
+} // namespace blankwell

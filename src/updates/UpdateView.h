@@ -1,0 +1,51 @@
+#pragma once
+
+#include "updates/UpdatePage.h"
+
+#include <QWidget>
+
+#include <string_view>
+
+class QProgressBar;
+class QVBoxLayout;
+
+namespace blankwell {
+
+class TextLabel;
+class Theme;
+
+/// A page about updates. Shows what it is told and decides nothing.
+class UpdateView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit UpdateView(const Theme& theme, QWidget* parent = nullptr);
+
+    /// Shows `page` in place of the one before. While only the progress of a page changes, nothing
+    /// else is made anew, so that the keyboard stays where it is.
+    void show(const UpdatePage& page, bool checksAutomatically);
+
+signals:
+    void answered(blankwell::UpdateAnswer answer);
+    void checksAutomaticallyChanged(bool checks);
+
+private:
+    void build(bool checksAutomatically);
+    void addTexts(QVBoxLayout& lines);
+    void addNotes(QVBoxLayout& lines);
+    [[nodiscard]] QWidget* notesOf(std::string_view notes);
+    void addProgress(QVBoxLayout& lines);
+    void addAutomaticChecks(QVBoxLayout& lines, bool checksAutomatically);
+    void addButtons(QVBoxLayout& lines);
+    void showProgress();
+
+    const Theme& theme_;
+    UpdatePage page_;
+    QWidget* content_ = nullptr;
+    QProgressBar* bar_ = nullptr;
+    TextLabel* amount_ = nullptr;
+    /// The button that the keyboard starts at.
+    QWidget* first_ = nullptr;
+};
+
+} // namespace blankwell
