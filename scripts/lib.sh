@@ -2,7 +2,7 @@
 
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
-    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
+    libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev libpugixml-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
@@ -16,7 +16,7 @@ test_packages=(libgtest-dev libgmock-dev
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
     dbus-daemon xfconf libglib2.0-bin desktop-file-utils xfce4-panel
     xdg-desktop-portal
-    nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
+    nautilus python3-nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
     python3-gi gir1.2-atspi-2.0)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clangd-19)

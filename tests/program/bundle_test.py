@@ -31,6 +31,7 @@ class Bundle(ProgramTestCase):
         self.assertEqual(files, {
             "Info.plist",
             "Linux/blankwell", "Linux/blankwell-plus",
+            "Linux/libblankwell-installation.so",
             "Linux/libblankwell-services.so", "Linux/libblankwell-session-bus.so",
             "Resources/blank.docx", "Resources/blank.pptx", "Resources/blank.xlsx",
             "Resources/completions/_blankwell", "Resources/completions/blankwell.bash",
