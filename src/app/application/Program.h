@@ -10,6 +10,8 @@
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
 #include "app/application/Windows.h"
+#include "app/services/DesktopInstallation.h"
+#include "base/Subscription.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
 #include "platform/linux/BundleDirectory.h"
@@ -71,6 +73,7 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
+    void keepInstallation();
     void keepReachable();
     void endUnlessReachable();
 
@@ -115,7 +118,11 @@ private:
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;
+    /// Nothing inside of a sandbox.
+    std::unique_ptr<DesktopInstallation> installation_;
     Windows windows_;
+    Subscription enabledTypes_;
+    Subscription typeOrder_;
 };
 
 } // namespace blankwell::application
