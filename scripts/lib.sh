@@ -14,10 +14,13 @@ test_packages=(libgtest-dev libgmock-dev
     systemd locales xdg-user-dirs e2fsprogs mount
     # the desktop and its file managers
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
+    # the packages
+    dpkg-dev zstd appstream
     dbus-daemon xfconf libglib2.0-bin desktop-file-utils xfce4-panel
     xdg-desktop-portal
     nautilus python3-nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
     python3-gi gir1.2-atspi-2.0)
+package_packages=(binutils dpkg-dev zstd)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
 # the pictures of the documentation, and the font in them
