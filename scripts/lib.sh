@@ -3,7 +3,7 @@
 # The Debian packages that each kind of work needs.
 build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-json3-dev libplist-dev
     libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
-    libarchive-dev libcurl4-openssl-dev libexpat1-dev libssl-dev
+    libarchive-dev libcurl4-openssl-dev libexpat1-dev libpugixml-dev libssl-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
 test_packages=(libgtest-dev libgmock-dev
     # the templates
@@ -17,10 +17,13 @@ test_packages=(libgtest-dev libgmock-dev
     systemd locales xdg-user-dirs e2fsprogs mount
     # the desktop and its file managers
     xvfb openbox xdotool x11-utils x11-xkb-utils x11-xserver-utils xclip libxcb-xtest0-dev
+    # the packages
+    dpkg-dev zstd appstream
     dbus-daemon xfconf libglib2.0-bin desktop-file-utils xfce4-panel
     xdg-desktop-portal
-    nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
+    nautilus python3-nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
     python3-gi gir1.2-atspi-2.0)
+package_packages=(binutils dpkg-dev zstd)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
 # the pictures of the documentation, and the font in them

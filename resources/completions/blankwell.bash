@@ -4,7 +4,7 @@ _blankwell() {
     local current=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]-}
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W 'create open quick-create types folders autostart --help --version --verbose' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'create open quick-create types folders autostart menus install unregister --help --version --verbose' -- "$current")
         return
     fi
     case $command in
@@ -21,6 +21,21 @@ _blankwell() {
     autostart)
         if [ "$COMP_CWORD" -eq 2 ]; then
             mapfile -t COMPREPLY < <(compgen -W 'on off' -- "$current")
+        fi
+        ;;
+    menus)
+        if [ "$COMP_CWORD" -eq 2 ]; then
+            mapfile -t COMPREPLY < <(compgen -W 'list on off' -- "$current")
+        elif [ "${COMP_WORDS[2]}" != list ]; then
+            mapfile -t COMPREPLY < <(compgen -W "$(blankwell menus list 2>/dev/null | cut -d ' ' -f 1)" -- "$current")
+        fi
+        ;;
+    install)
+        if [ "$COMP_CWORD" -eq 2 ]; then
+            mapfile -t COMPREPLY < <(compgen -W '--to' -- "$current")
+        elif [ "${COMP_WORDS[2]}" = --to ]; then
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
         fi
         ;;
     types)

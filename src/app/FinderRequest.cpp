@@ -1,6 +1,9 @@
 #include "app/FinderRequest.h"
 
+#include "base/PercentEncoding.h"
 #include "base/UrlComponents.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -30,6 +33,13 @@ std::optional<FinderRequest> parseFinderRequest(std::string_view url) {
         return std::nullopt;
     }
     return FinderRequest{.typeID = *std::move(type), .directoryPath = *std::move(directory)};
+}
+
+std::string finderRequestUrl(const FinderRequest& request) {
+    constexpr std::string_view kept = "/-._~";
+    return fmt::format("{}://create?type={}&directory={}", requestScheme,
+                       percentEncoded(request.typeID, kept),
+                       percentEncoded(request.directoryPath, kept));
 }
 
 } // namespace blankwell

@@ -24,4 +24,7 @@ struct FinderRequest {
 /// NUL.
 [[nodiscard]] std::optional<FinderRequest> parseFinderRequest(std::string_view url);
 
+/// The URL of `request`, with the directory percent-encoded as a query value.
+[[nodiscard]] std::string finderRequestUrl(const FinderRequest& request);
+
 } // namespace blankwell

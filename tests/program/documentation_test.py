@@ -7,8 +7,8 @@ import unittest
 from blankwell_program import PROGRAM, SOURCE, ProgramTestCase
 
 COMMANDS = ("create", "open", "quick-create", "types", "folders", "add", "forget", "autostart", "on",
-            "off")
-OPTIONS = ("--desktop", "--front", "--json", "--help", "--version", "--verbose")
+            "off", "menus", "list", "install", "unregister")
+OPTIONS = ("--to", "--desktop", "--front", "--json", "--help", "--version", "--verbose")
 MAN_PAGE = SOURCE / "resources/man/blankwell.1"
 COMPLETIONS = SOURCE / "resources/completions"
 
@@ -68,6 +68,17 @@ class BashCompletion(ProgramTestCase):
     def test_offers_the_states_of_the_start_at_login(self):
         self.assertEqual(self.completions("autostart", "o"), ["on", "off"])
         self.assertEqual(self.completions("autostart", "on", ""), [])
+
+    def test_offers_the_file_managers(self):
+        self.assertEqual(self.completions("menus", ""), ["list", "on", "off"])
+        self.assertEqual(self.completions("menus", "on", "n"), ["nautilus", "nemo"])
+        self.assertEqual(self.completions("menus", "on", "nemo", "d"), ["dolphin"])
+        self.assertEqual(self.completions("menus", "list", ""), [])
+
+    def test_offers_where_to_install(self):
+        (self.folder / "notes").mkdir()
+        self.assertEqual(self.completions("install", ""), ["--to"])
+        self.assertEqual(self.completions("install", "--to", ""), ["notes"])
 
     def test_offers_the_saved_folders_to_forget(self):
         (self.folder / "a b").mkdir()

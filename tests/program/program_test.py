@@ -217,6 +217,18 @@ class AutostartCommand(ProgramTestCase):
                                "sandbox.\n")
 
 
+class MenusCommand(ProgramTestCase):
+    def test_a_sandboxed_program_says_that_it_cannot(self):
+        for arguments in (("menus", "off"), ("install",), ("unregister",)):
+            result = self.run_program(*arguments, env=self.sandboxed())
+            self.assertEqual((result.returncode, result.stdout), (1, b""))
+            self.assertIn(b"cannot be changed from inside a sandbox", result.stderr)
+
+    def test_outside_of_a_bundle_there_is_nothing_to_install(self):
+        self.assert_failed(self.run_program("install"), 1,
+                           "This program is not in a bundle, so there is nothing to install.\n")
+
+
 class FoldersCommand(ProgramTestCase):
     def add(self, *names):
         for name in names:
@@ -283,13 +295,13 @@ class Program(ProgramTestCase):
     def test_links_no_slow_library(self):
         needed = self.needed(PROGRAM)
         self.assertTrue(any(name.startswith("libplist") for name in needed), needed)
-        for slow in ("Qt", "icu", "systemd", "xcb", "gio", "X11", "gtk"):
+        for slow in ("Qt", "icu", "systemd", "xcb", "gio", "pugixml", "X11", "gtk"):
             self.assertFalse([name for name in needed if slow in name], needed)
 
     def test_hands_over_without_a_slow_library(self):
         needed = self.needed(os.path.join(os.path.dirname(PROGRAM), "libblankwell-session-bus.so"))
         self.assertTrue(any(name.startswith("libsystemd") for name in needed), needed)
-        for slow in ("Qt", "icu", "xcb", "gio", "glib", "plist", "X11", "gtk"):
+        for slow in ("Qt", "icu", "xcb", "gio", "glib", "plist", "pugixml", "X11", "gtk"):
             self.assertFalse([name for name in needed if slow in name], needed)
 
     def test_a_missing_module_is_a_damaged_installation(self):

@@ -2,6 +2,7 @@
 
 #include "app/application/Invocation.h"
 #include "platform/Identifiers.h"
+#include "platform/ObserveLater.h"
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
 #include "platform/linux/JournalLog.h"
@@ -22,6 +23,13 @@ std::unique_ptr<Log> makeLog() {
         return std::make_unique<JournalLog>("blankwell-plus");
     }
     return std::make_unique<StandardErrorLog>();
+}
+
+std::unique_ptr<DesktopInstallation> makeInstallation(const FileUrl& programFolder,
+                                                      const DesktopInstallation::Services& given) {
+    return isSandboxed(given.environment)
+               ? nullptr
+               : std::make_unique<DesktopInstallation>(programFolder, given);
 }
 
 } // namespace
@@ -116,6 +124,8 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .selfUpdater = selfUpdater_,
           .creation = creation_,
       }),
+      installation_(
+          makeInstallation(programFolder, {environment_, account_, settings_, domains_, *log_})),
       windows_(
           {
               .theme = theme_,
@@ -166,7 +176,21 @@ void Program::start(const Invocation& invocation) {
         creation_.prepareQuickCreatePanel();
         windows_.prepareMainWindow();
         removeOldBundles();
+        keepInstallation();
     });
+}
+
+/// Mends what leads the desktop to this bundle, and lets the menus of file managers follow the
+/// settings.
+void Program::keepInstallation() {
+    if (!installation_) {
+        return;
+    }
+    auto& installation = installation_->installation();
+    installation.mend();
+    const auto refresh = [&installation](const auto& /*value*/) { installation.refreshMenus(); };
+    enabledTypes_ = observeLater(settings_.enabledFileTypeIDs, mainQueue_, refresh);
+    typeOrder_ = observeLater(settings_.fileTypeOrder, mainQueue_, refresh);
 }
 
 FileSystem& Program::writableFiles() {

@@ -12,6 +12,8 @@
 #include "app/application/UpdateJobLoader.h"
 #include "app/application/UpdateWindow.h"
 #include "app/application/Windows.h"
+#include "app/services/DesktopInstallation.h"
+#include "base/Subscription.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
 #include "platform/linux/BundleDirectory.h"
@@ -80,6 +82,7 @@ public:
 
 private:
     [[nodiscard]] FileSystem& writableFiles();
+    void keepInstallation();
     void keepReachable();
     void endUnlessReachable();
     void relaunch();
@@ -132,8 +135,12 @@ private:
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;
+    /// Nothing inside of a sandbox.
+    std::unique_ptr<DesktopInstallation> installation_;
     Windows windows_;
     Subscription sweep_;
+    Subscription enabledTypes_;
+    Subscription typeOrder_;
 };
 
 } // namespace blankwell::application

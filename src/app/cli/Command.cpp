@@ -45,10 +45,14 @@ ParsedCommand parseCreate(Arguments& arguments) {
 }
 
 ParsedCommand parseOpen(Arguments& arguments) {
-    if (arguments.operands.size() != 1) {
-        return arguments.wrongCount("open URL");
+    const auto& operands = arguments.operands;
+    if (operands.size() == 2) {
+        return RequestCommand{.typeID = operands[0], .folder = operands[1]};
     }
-    return OpenCommand{.url = arguments.operands[0]};
+    if (operands.size() != 1) {
+        return arguments.wrongCount("open URL | open TYPE FOLDER");
+    }
+    return OpenCommand{.url = operands[0]};
 }
 
 ParsedCommand parseQuickCreate(Arguments& arguments) {
@@ -98,6 +102,34 @@ ParsedCommand parseAutostart(Arguments& arguments) {
     return arguments.wrongCount("autostart [on | off]");
 }
 
+ParsedCommand parseInstall(Arguments& arguments) {
+    const std::size_t wanted = arguments.take("--to") ? 1 : 0;
+    if (arguments.operands.size() != wanted) {
+        return arguments.wrongCount("install [--to FOLDER]");
+    }
+    return wanted == 0 ? InstallCommand{} : InstallCommand{.folder = arguments.operands[0]};
+}
+
+ParsedCommand parseUnregister(Arguments& arguments) {
+    if (!arguments.operands.empty()) {
+        return arguments.wrongCount("unregister");
+    }
+    return UnregisterCommand{};
+}
+
+ParsedCommand parseMenus(Arguments& arguments) {
+    auto& operands = arguments.operands;
+    if (operands.empty() || (operands.size() == 1 && operands[0] == "list")) {
+        return MenusCommand{};
+    }
+    if (operands[0] != "on" && operands[0] != "off") {
+        return arguments.wrongCount("menus [list | on [MANAGER...] | off [MANAGER...]]");
+    }
+    using enum MenusCommand::Change;
+    const auto change = operands[0] == "on" ? on : off;
+    return MenusCommand{.change = change, .managers = {operands.begin() + 1, operands.end()}};
+}
+
 ParsedCommand parseNothing(Arguments& arguments) {
     if (arguments.take("--help")) {
         return HelpCommand{};
@@ -120,6 +152,9 @@ constexpr std::array parsers{
     CommandParser{"types", parseTypes},
     CommandParser{"folders", parseFolders},
     CommandParser{"autostart", parseAutostart},
+    CommandParser{"install", parseInstall},
+    CommandParser{"menus", parseMenus},
+    CommandParser{"unregister", parseUnregister},
 };
 
 Arguments sortedOut(std::span<const std::string_view> arguments) {
@@ -186,6 +221,7 @@ std::string_view helpText() {
            "  open URL                  do what a request URL asks for, such as\n"
            "                            blankwellplus://create?type=md&directory=/home/me;\n"
            "                            the application does it where it runs or can be started\n"
+           "  open TYPE FOLDER          the same by type and folder, a path or a file:// URI\n"
            "  quick-create              open the Quick Create panel of the application\n"
            "  types [--json]            list the types: id, extension, name, category\n"
            "  folders [--json]          list the folders that Blankwell+ may create files in\n"
@@ -194,6 +230,13 @@ std::string_view helpText() {
            "  folders forget FOLDER     take that back\n"
            "  autostart                 print whether the application starts at login: on or off\n"
            "  autostart on | off        let it, or keep it from that\n"
+           "  menus [list]              list the file managers and whether they have the menu\n"
+           "                            \"Create File\"\n"
+           "  menus on [MANAGER...]     give it to them, or to all that are installed\n"
+           "  menus off [MANAGER...]    take it from them\n"
+           "  install [--to FOLDER]     copy the application to FOLDER (~/Applications where none\n"
+           "                            is given) and make it known to the desktop\n"
+           "  unregister                take back all by which the desktop knows it\n"
            "\n"
            "Options:\n"
            "  --verbose                 write log lines to standard error\n"

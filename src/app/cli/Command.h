@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace blankwell::cli {
 
@@ -71,6 +72,37 @@ struct AutostartCommand {
     friend bool operator==(const AutostartCommand&, const AutostartCommand&) = default;
 };
 
+/// `open TYPE FOLDER`: the request for a file of a type in a folder, as menus make it.
+struct RequestCommand {
+    std::string typeID;
+    /// A path, or a `file://` URI.
+    std::string folder;
+
+    friend bool operator==(const RequestCommand&, const RequestCommand&) = default;
+};
+
+struct InstallCommand {
+    /// Where the bundle goes; the usual folder where it is unset.
+    std::optional<std::string> folder;
+
+    friend bool operator==(const InstallCommand&, const InstallCommand&) = default;
+};
+
+struct UnregisterCommand {
+    friend bool operator==(const UnregisterCommand&, const UnregisterCommand&) = default;
+};
+
+/// `menus`: lists the menus where `change` is unset.
+struct MenusCommand {
+    enum class Change { on, off };
+
+    std::optional<Change> change;
+    /// The ids of file managers; all that are there where it is empty.
+    std::vector<std::string> managers;
+
+    friend bool operator==(const MenusCommand&, const MenusCommand&) = default;
+};
+
 struct HelpCommand {
     friend bool operator==(const HelpCommand&, const HelpCommand&) = default;
 };
@@ -79,9 +111,10 @@ struct VersionCommand {
     friend bool operator==(const VersionCommand&, const VersionCommand&) = default;
 };
 
-using Command = std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand,
-                             FoldersCommand, AddFolderCommand, ForgetFolderCommand,
-                             AutostartCommand, HelpCommand, VersionCommand>;
+using Command =
+    std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand, FoldersCommand,
+                 AddFolderCommand, ForgetFolderCommand, AutostartCommand, RequestCommand,
+                 InstallCommand, UnregisterCommand, MenusCommand, HelpCommand, VersionCommand>;
 
 /// What the arguments ask for.
 struct Invocation {

@@ -5,11 +5,14 @@
 #include "app/FinderRequest.h"
 #include "app/FinderRequestHandler.h"
 #include "app/Version.h"
+#include "base/FileUri.h"
 #include "base/Overloaded.h"
+#include "base/Text.h"
 #include "filetypes/FileTypeCatalog.h"
 #include "platform/ApplicationRequests.h"
 #include "platform/LoginItem.h"
 #include "platform/SessionApplication.h"
+#include "shell/Installation.h"
 
 #include <fmt/core.h>
 #include <nlohmann/json.hpp>
@@ -123,6 +126,70 @@ Outcome CommandRunner::execute(const AutostartCommand& command) {
     }
     const auto isOn = services_.loginItem.isOn();
     return isOn ? printing(*isOn ? "on\n" : "off\n") : failing(isOn.error().description);
+}
+
+Outcome CommandRunner::execute(const RequestCommand& command) {
+    if (FileTypeCatalog::definition(command.typeID) == nullptr) {
+        return wrongUsage(
+            fmt::format("no file type '{}'; 'blankwell types' lists them", command.typeID));
+    }
+    const auto folder = fileOfUri(command.folder).value_or(absolute(command.folder));
+    if (!isUtf8(folder.path())) {
+        return failing(fmt::format("A request cannot name \"{}\", which is not UTF-8.",
+                                   folder.lastPathComponent()));
+    }
+    return execute(OpenCommand{
+        .url = finderRequestUrl({.typeID = command.typeID, .directoryPath = folder.path()})});
+}
+
+Outcome CommandRunner::execute(const InstallCommand& command) {
+    const auto folder = command.folder ? std::optional(absolute(*command.folder)) : std::nullopt;
+    const auto bundle = services_.installation.install(folder);
+    return bundle ? printing(bundle->path() + "\n") : failing(bundle.error().description);
+}
+
+Outcome CommandRunner::execute(const UnregisterCommand& /*command*/) {
+    const auto done = services_.installation.unregister();
+    return done ? Outcome{} : failing(done.error().description);
+}
+
+Outcome CommandRunner::execute(const MenusCommand& command) {
+    if (!command.change) {
+        return printing(listOfMenus());
+    }
+    std::vector<FileManager> managers;
+    for (const auto& id : command.managers) {
+        const auto manager = fileManager(id);
+        if (!manager) {
+            return wrongUsage(
+                fmt::format("no file manager '{}'; 'blankwell menus' lists them", id));
+        }
+        managers.push_back(*manager);
+    }
+    const bool toOn = *command.change == MenusCommand::Change::on;
+    if (managers.empty()) {
+        for (const auto& state : services_.installation.menuStates()) {
+            if (!toOn || state.availability == FileManagerMenuState::Availability::available) {
+                managers.push_back(state.manager);
+            }
+        }
+    }
+    Outcome outcome;
+    for (const auto manager : managers) {
+        if (const auto turned = services_.installation.turnMenu(manager, toOn); !turned) {
+            outcome.status = Outcome::failed;
+            outcome.errors += turned.error().description + "\n";
+        }
+    }
+    return outcome;
+}
+
+std::string CommandRunner::listOfMenus() const {
+    std::string lines;
+    for (const auto& state : services_.installation.menuStates()) {
+        lines += fmt::format("{:<12}{}\n", infoOf(state.manager).id, description(state));
+    }
+    return lines;
 }
 
 Outcome CommandRunner::execute(const HelpCommand& /*command*/) {

@@ -9,6 +9,7 @@ namespace blankwell {
 class CreationDestination;
 class FinderRequestHandler;
 class FolderAccess;
+class Installation;
 class LoginItem;
 class SecurityScopedBookmarkStore;
 class SessionApplication;
@@ -40,6 +41,7 @@ public:
         FinderRequestHandler& requestHandler;
         SessionApplication& application;
         LoginItem& loginItem;
+        Installation& installation;
         /// The folder that relative paths are relative to: absolute.
         FileUrl currentFolder;
     };
@@ -61,10 +63,15 @@ private:
     [[nodiscard]] Outcome execute(const AddFolderCommand& command);
     [[nodiscard]] Outcome execute(const ForgetFolderCommand& command);
     [[nodiscard]] Outcome execute(const AutostartCommand& command);
+    [[nodiscard]] Outcome execute(const RequestCommand& command);
+    [[nodiscard]] Outcome execute(const InstallCommand& command);
+    [[nodiscard]] Outcome execute(const UnregisterCommand& command);
+    [[nodiscard]] Outcome execute(const MenusCommand& command);
     [[nodiscard]] Outcome execute(const HelpCommand& command);
     [[nodiscard]] Outcome execute(const VersionCommand& command);
 
     [[nodiscard]] FileUrl folderOf(const CreateCommand& command) const;
+    [[nodiscard]] std::string listOfMenus() const;
     [[nodiscard]] FileUrl absolute(const std::string& path) const;
 
     Services services_;

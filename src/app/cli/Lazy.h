@@ -6,6 +6,7 @@
 #include "platform/TextOrder.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
+#include "shell/Installation.h"
 
 #include <functional>
 #include <memory>
@@ -84,6 +85,30 @@ public:
 
 private:
     Lazy<LoginItem> item_;
+};
+
+class LazyInstallation : public Installation {
+public:
+    explicit LazyInstallation(Lazy<Installation>::Make make) : installation_(std::move(make)) {}
+
+    std::expected<FileUrl, SystemError> install(const std::optional<FileUrl>& folder) override {
+        return installation_.get().install(folder);
+    }
+
+    std::expected<void, SystemError> unregister() override {
+        return installation_.get().unregister();
+    }
+
+    [[nodiscard]] std::vector<FileManagerMenuState> menuStates() override {
+        return installation_.get().menuStates();
+    }
+
+    std::expected<void, SystemError> turnMenu(FileManager manager, bool on) override {
+        return installation_.get().turnMenu(manager, on);
+    }
+
+private:
+    Lazy<Installation> installation_;
 };
 
 class LazySessionApplication : public SessionApplication {

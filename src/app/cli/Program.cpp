@@ -1,5 +1,6 @@
 #include "app/cli/Program.h"
 
+#include "app/cli/UnavailableInstallation.h"
 #include "platform/Identifiers.h"
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
@@ -38,6 +39,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
       domains_([this] {
           return std::make_unique<XdgPreferenceDomains>(configHome(), bundleIdentifier);
       }),
+      installation_([this] { return makeInstallation(); }),
       store_(domains_, bookmarks_, order_, log_),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -68,6 +70,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           .requestHandler = requestHandler_,
           .application = sessionApplication_,
           .loginItem = loginItem_,
+          .installation = installation_,
           .currentFolder = std::move(currentFolder),
       }) {}
 
@@ -98,6 +101,13 @@ std::unique_ptr<LoginItem> Program::makeLoginItem(const FileUrl& programFolder) 
     }
     return loader_.services().makeLoginItem(FileUrl(configHome()),
                                             programFolder.appending("blankwell-plus"));
+}
+
+std::unique_ptr<Installation> Program::makeInstallation() {
+    if (isSandboxed(environment_)) {
+        return std::make_unique<UnavailableInstallation>();
+    }
+    return loader_.makeInstallation(environment_, account_, domains_, log_);
 }
 
 } // namespace blankwell::cli

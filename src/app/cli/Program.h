@@ -40,6 +40,7 @@ private:
     [[nodiscard]] FileSystem& writableFiles();
     [[nodiscard]] std::string configHome() const;
     [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(const FileUrl& programFolder);
+    [[nodiscard]] std::unique_ptr<Installation> makeInstallation();
 
     // In the order of construction.
     ProcessEnvironment environment_;
@@ -53,6 +54,7 @@ private:
     LazySessionApplication sessionApplication_;
     LazyLoginItem loginItem_;
     LazyPreferenceDomains domains_;
+    LazyInstallation installation_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_;

@@ -10,9 +10,13 @@
 
 namespace blankwell {
 
+class Account;
+class Environment;
 class FrontFolder;
+class Installation;
 class Log;
 class LoginItem;
+class PreferenceDomains;
 class SessionApplication;
 class TextOrder;
 class WellKnownFolders;
@@ -57,5 +61,14 @@ inline constexpr auto makeDesktopServicesSymbol = "blankwellMakeDesktopServices"
 using MakeSessionApplication = std::unique_ptr<SessionApplication> (*)();
 
 inline constexpr auto makeSessionApplicationSymbol = "blankwellMakeSessionApplication";
+
+/// The one entry of the module for installing and registering: makes the installation of the
+/// programs in a folder. All that it is given must outlive the result.
+using MakeInstallation = std::unique_ptr<Installation> (*)(const FileUrl& programFolder,
+                                                           const Environment& environment,
+                                                           const Account& account,
+                                                           PreferenceDomains& domains, Log& log);
+
+inline constexpr auto makeInstallationSymbol = "blankwellMakeInstallation";
 
 } // namespace blankwell

@@ -1,6 +1,7 @@
 #include "app/services/ModuleLoader.h"
 
 #include "platform/SessionApplication.h"
+#include "shell/Installation.h"
 
 #include <dlfcn.h>
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr auto servicesModule = "libblankwell-services.so";
 constexpr auto sessionBusModule = "libblankwell-session-bus.so";
+constexpr auto installationModule = "libblankwell-installation.so";
 
 [[noreturn]] void fail(const char* problem) {
     std::fprintf(stderr, "blankwell: the installation is damaged: %s\n", problem);
@@ -31,6 +33,15 @@ DesktopServices& ModuleLoader::services() {
 std::unique_ptr<SessionApplication> ModuleLoader::makeSessionApplication() const {
     void* const make = entry(sessionBusModule, makeSessionApplicationSymbol);
     return reinterpret_cast<MakeSessionApplication>(make)();
+}
+
+std::unique_ptr<Installation> ModuleLoader::makeInstallation(const Environment& environment,
+                                                             const Account& account,
+                                                             PreferenceDomains& domains,
+                                                             Log& log) const {
+    void* const make = entry(installationModule, makeInstallationSymbol);
+    return reinterpret_cast<MakeInstallation>(make)(programFolder_, environment, account, domains,
+                                                    log);
 }
 
 void* ModuleLoader::entry(const char* moduleName, const char* symbol) const {

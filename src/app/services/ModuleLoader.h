@@ -21,6 +21,12 @@ public:
     /// The application, as other programs of the session ask it.
     [[nodiscard]] std::unique_ptr<SessionApplication> makeSessionApplication() const;
 
+    /// The installation of the programs in this folder. All must outlive the result.
+    [[nodiscard]] std::unique_ptr<Installation> makeInstallation(const Environment& environment,
+                                                                 const Account& account,
+                                                                 PreferenceDomains& domains,
+                                                                 Log& log) const;
+
 private:
     [[nodiscard]] void* entry(const char* moduleName, const char* symbol) const;
 

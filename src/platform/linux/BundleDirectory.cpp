@@ -42,6 +42,15 @@ std::expected<FileUrl, SystemError> BundleDirectory::folderOfRunningProgram() {
     return FileUrl(program.parent_path().string());
 }
 
+std::optional<FileUrl> BundleDirectory::bundleOf(const FileUrl& programFolder) {
+    const auto contents = programFolder.deletingLastPathComponent();
+    auto bundle = contents.deletingLastPathComponent();
+    const bool isBundle = programFolder.lastPathComponent() == "Linux" &&
+                          contents.lastPathComponent() == "Contents" &&
+                          bundle.lastPathComponent().ends_with(".app");
+    return isBundle ? std::optional(std::move(bundle)) : std::nullopt;
+}
+
 std::optional<FileUrl> BundleDirectory::resource(std::string_view name,
                                                  std::string_view extension) const {
     if (!isPlainName(name) || !isPlainName(extension)) {

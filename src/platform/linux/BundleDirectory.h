@@ -19,6 +19,10 @@ public:
     /// moves the program away under its feet. Error: the process file system is not there.
     [[nodiscard]] static std::expected<FileUrl, SystemError> folderOfRunningProgram();
 
+    /// The bundle that the programs in `programFolder` are in; nothing where that is no bundle's,
+    /// as in a build tree.
+    [[nodiscard]] static std::optional<FileUrl> bundleOf(const FileUrl& programFolder);
+
     [[nodiscard]] std::optional<FileUrl> resource(std::string_view name,
                                                   std::string_view extension) const override;
 

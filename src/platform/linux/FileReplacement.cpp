@@ -24,8 +24,8 @@ std::expected<void, int> writeAll(int descriptor, std::string_view bytes) {
 
 } // namespace
 
-std::expected<FileReplacement, int> FileReplacement::prepare(const std::string& path,
-                                                             std::string_view contents) {
+std::expected<FileReplacement, int>
+FileReplacement::prepare(const std::string& path, std::string_view contents, mode_t mode) {
     const auto slash = path.find_last_of('/');
     FileDescriptor folder(
         ::open(path.substr(0, slash + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -33,7 +33,7 @@ std::expected<FileReplacement, int> FileReplacement::prepare(const std::string& 
         return std::unexpected(errno);
     }
     FileReplacement replacement(std::move(folder), path.substr(slash + 1));
-    if (const auto written = replacement.write(contents); !written) {
+    if (const auto written = replacement.write(contents, mode); !written) {
         return std::unexpected(written.error());
     }
     return replacement;
@@ -48,7 +48,7 @@ FileReplacement::~FileReplacement() {
     }
 }
 
-std::expected<void, int> FileReplacement::write(std::string_view contents) const {
+std::expected<void, int> FileReplacement::write(std::string_view contents, mode_t mode) const {
     ::unlinkat(folder_.get(), temporary_.c_str(), 0);
     const FileDescriptor file(::openat(folder_.get(), temporary_.c_str(),
                                        O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
@@ -56,7 +56,8 @@ std::expected<void, int> FileReplacement::write(std::string_view contents) const
         return std::unexpected(errno);
     }
     auto written = writeAll(file.get(), contents);
-    if (written && ::fdatasync(file.get()) != 0) {
+    // The process's mask may have taken some of them away.
+    if (written && (::fchmod(file.get(), mode) != 0 || ::fdatasync(file.get()) != 0)) {
         written = std::unexpected(errno);
     }
     return written;

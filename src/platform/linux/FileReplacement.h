@@ -2,6 +2,8 @@
 
 #include "platform/linux/FileDescriptor.h"
 
+#include <sys/stat.h>
+
 #include <expected>
 #include <string>
 #include <string_view>
@@ -16,9 +18,10 @@ namespace blankwell {
 /// values; after one the file is as it was and the temporary is gone.
 class FileReplacement {
 public:
-    /// Writes `contents` beside the file `path`, for this user alone (0600), down to the disk.
-    [[nodiscard]] static std::expected<FileReplacement, int> prepare(const std::string& path,
-                                                                     std::string_view contents);
+    /// Writes `contents` beside the file `path`, down to the disk, with the permissions `mode`: for
+    /// this user alone where it says nothing else.
+    [[nodiscard]] static std::expected<FileReplacement, int>
+    prepare(const std::string& path, std::string_view contents, mode_t mode = S_IRUSR | S_IWUSR);
 
     FileReplacement(FileReplacement&&) = default;
     FileReplacement& operator=(FileReplacement&&) = delete;
@@ -32,7 +35,7 @@ public:
 private:
     FileReplacement(FileDescriptor folder, std::string name);
 
-    std::expected<void, int> write(std::string_view contents) const;
+    std::expected<void, int> write(std::string_view contents, mode_t mode) const;
 
     /// Empty once there is no temporary to remove.
     FileDescriptor folder_;

@@ -1,6 +1,7 @@
 #include "app/cli/CommandRunner.h"
 
 #include "app/Version.h"
+#include "support/FakeInstallation.h"
 #include "support/FakeLoginItem.h"
 #include "support/FakeRequestHandler.h"
 #include "support/FakeSessionApplication.h"
@@ -31,6 +32,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
     FakeFrontFolder frontFolder;
     FakeSessionApplication sessionApplication;
     FakeLoginItem loginItem;
+    FakeInstallation installation;
     CreationDestination destination{account, folders, frontFolder};
     CommandRunner runner{{
         .folderAccess = access,
@@ -39,6 +41,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
         .requestHandler = handler,
         .application = sessionApplication,
         .loginItem = loginItem,
+        .installation = installation,
         .currentFolder = FileUrl("/Users/u/work"),
     }};
 };
@@ -125,6 +128,69 @@ TEST_F(CommandRunnerTest, OpenTellsOfAnUnknownTypeHereWhetherOrNotTheApplication
     }
     EXPECT_EQ(alert.shown.size(), 2U);
     EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, OpenMakesTheRequestOfATypeAndAFolder) {
+    EXPECT_EQ(runner.run(RequestCommand{"md", "/a b/%41&c=d#é"}), Outcome{});
+    EXPECT_EQ(runner.run(RequestCommand{"md", "sub"}), Outcome{});
+    EXPECT_EQ(runner.run(RequestCommand{"md", "file:///a%20b"}), Outcome{});
+    EXPECT_THAT(
+        sessionApplication.taken,
+        ElementsAre("open blankwellplus://create?type=md&directory=/a%20b/%2541%26c%3Dd%23%C3%A9",
+                    "open blankwellplus://create?type=md&directory=/Users/u/work/sub",
+                    "open blankwellplus://create?type=md&directory=/a%20b"));
+}
+
+TEST_F(CommandRunnerTest, OpenTellsOfWhatCannotBeRequested) {
+    EXPECT_EQ(runner.run(RequestCommand{"exe", "/front"}).status, Outcome::wrongUsage);
+    EXPECT_EQ(runner.run(RequestCommand{"md", "/a/\xff"}),
+              (Outcome{.status = Outcome::failed,
+                       .errors = "A request cannot name \"\xff\", which is not UTF-8.\n"}));
+    EXPECT_THAT(sessionApplication.taken, IsEmpty());
+}
+
+TEST_F(CommandRunnerTest, InstallPrintsWhereTheBundleIs) {
+    EXPECT_EQ(runner.run(InstallCommand{}).output, "/Users/u/Applications/Blankwell+.app\n");
+    EXPECT_EQ(runner.run(InstallCommand{"sub"}).output, "/Users/u/work/sub/Blankwell+.app\n");
+}
+
+TEST_F(CommandRunnerTest, UnregisterTakesEverythingBack) {
+    EXPECT_EQ(runner.run(UnregisterCommand{}), Outcome{});
+    EXPECT_TRUE(installation.isUnregistered);
+}
+
+TEST_F(CommandRunnerTest, MenusListsTheFileManagers) {
+    EXPECT_EQ(runner.run(MenusCommand{}).output, "nautilus    not installed\n"
+                                                 "dolphin     on\n"
+                                                 "thunar      off\n"
+                                                 "nemo        not installed\n"
+                                                 "caja        not installed\n"
+                                                 "pcmanfm-qt  not installed\n");
+}
+
+TEST_F(CommandRunnerTest, MenusTurnsThoseThatAreNamed) {
+    using enum MenusCommand::Change;
+    EXPECT_EQ(runner.run(MenusCommand{off, {"dolphin"}}), Outcome{});
+    EXPECT_THAT(installation.turned, ElementsAre(std::pair(FileManager::dolphin, false)));
+    EXPECT_EQ(runner.run(MenusCommand{on, {"dolphin", "explorer"}}).status, Outcome::wrongUsage);
+    EXPECT_EQ(installation.turned.size(), 1U);
+}
+
+TEST_F(CommandRunnerTest, MenusWithoutNamesTurnsOnWhatCanBeAndOffEverything) {
+    using enum MenusCommand::Change;
+    EXPECT_EQ(runner.run(MenusCommand{on, {}}), Outcome{});
+    EXPECT_THAT(installation.turned, ElementsAre(std::pair(FileManager::dolphin, true),
+                                                 std::pair(FileManager::thunar, true)));
+    EXPECT_EQ(runner.run(MenusCommand{off, {}}), Outcome{});
+    EXPECT_EQ(installation.turned.size(), 8U);
+}
+
+TEST_F(CommandRunnerTest, AnInstallationThatFailsIsTold) {
+    installation.failWith = SystemError{SystemError::Domain::posix, 28, "The disk is full."};
+    const Outcome full{.status = Outcome::failed, .errors = "The disk is full.\n"};
+    EXPECT_EQ(runner.run(InstallCommand{}), full);
+    EXPECT_EQ(runner.run(UnregisterCommand{}), full);
+    EXPECT_EQ(runner.run(MenusCommand{MenusCommand::Change::on, {"thunar"}}), full);
 }
 
 TEST_F(CommandRunnerTest, QuickCreateAsksForThePanel) {

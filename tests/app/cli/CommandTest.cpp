@@ -55,6 +55,39 @@ TEST(CommandTest, AutostartTakesOnOffOrNothing) {
     EXPECT_EQ(problem({"autostart", "on", "off"}), "usage: blankwell autostart [on | off]");
 }
 
+TEST(CommandTest, OpenTakesATypeAndAFolderToo) {
+    EXPECT_EQ(parsed({"open", "md", "--", "-a"}).command, Command(RequestCommand{"md", "-a"}));
+    EXPECT_EQ(problem({"open"}), "usage: blankwell open URL | open TYPE FOLDER");
+    EXPECT_EQ(problem({"open", "md", "/a", "/b"}), "usage: blankwell open URL | open TYPE FOLDER");
+}
+
+TEST(CommandTest, InstallTakesAFolder) {
+    EXPECT_EQ(parsed({"install"}).command, Command(InstallCommand{}));
+    EXPECT_EQ(parsed({"install", "--to", "/a"}).command, Command(InstallCommand{"/a"}));
+    for (const auto& arguments : {Arguments{"install", "/a"}, Arguments{"install", "--to"},
+                                  Arguments{"install", "--to", "/a", "/b"}}) {
+        EXPECT_EQ(problem(arguments), "usage: blankwell install [--to FOLDER]");
+    }
+}
+
+TEST(CommandTest, UnregisterTakesNothing) {
+    EXPECT_EQ(parsed({"unregister"}).command, Command(UnregisterCommand{}));
+    EXPECT_EQ(problem({"unregister", "x"}), "usage: blankwell unregister");
+}
+
+TEST(CommandTest, MenusAreListedOrTurned) {
+    using enum MenusCommand::Change;
+    EXPECT_EQ(parsed({"menus"}).command, Command(MenusCommand{}));
+    EXPECT_EQ(parsed({"menus", "list"}).command, Command(MenusCommand{}));
+    EXPECT_EQ(parsed({"menus", "on"}).command, Command(MenusCommand{on, {}}));
+    EXPECT_EQ(parsed({"menus", "off", "thunar", "nemo"}).command,
+              Command(MenusCommand{off, {"thunar", "nemo"}}));
+    for (const auto& arguments : {Arguments{"menus", "thunar"}, Arguments{"menus", "list", "x"}}) {
+        EXPECT_EQ(problem(arguments),
+                  "usage: blankwell menus [list | on [MANAGER...] | off [MANAGER...]]");
+    }
+}
+
 TEST(CommandTest, QuickCreateTakesNothing) {
     EXPECT_EQ(parsed({"quick-create"}).command, Command(QuickCreateCommand{}));
     EXPECT_EQ(problem({"quick-create", "md"}), "usage: blankwell quick-create");

@@ -1,0 +1,47 @@
+#include "platform/linux/PathPrograms.h"
+
+#include "platform/Environment.h"
+
+#include <glob.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace blankwell {
+namespace {
+
+bool isProgram(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
+}
+
+} // namespace
+
+bool PathPrograms::has(std::string_view program) const {
+    const auto path = environment_.variable("PATH").value_or("/usr/local/bin:/usr/bin:/bin");
+    for (std::string_view rest = path;;) {
+        const auto end = rest.find(':');
+        const auto folder = rest.substr(0, end);
+        if (folder.starts_with('/') &&
+            isProgram(std::string(folder) + '/' + std::string(program))) {
+            return true;
+        }
+        if (end == std::string_view::npos) {
+            return false;
+        }
+        rest.remove_prefix(end + 1);
+    }
+}
+
+bool PathPrograms::nautilusTakesPython() const {
+    // The folder is named after the machine and after the version of the interface.
+    constexpr auto pattern = "/usr/lib*/{,*/}nautilus/extensions-*/libnautilus-python.so";
+    glob_t found{};
+    const bool isFound = ::glob(pattern, GLOB_BRACE | GLOB_NOSORT, nullptr, &found) == 0;
+    ::globfree(&found);
+    return isFound;
+}
+
+} // namespace blankwell

@@ -1,0 +1,159 @@
+#include "shell/BundleInstallation.h"
+
+#include "platform/BundleStore.h"
+#include "settings/AppSettings.h"
+#include "support/FakeLog.h"
+#include "support/FakeRegistrations.h"
+#include "support/FakeUserDefaults.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+namespace blankwell {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class FakeBundleStore : public BundleStore {
+public:
+    bool stands(const FileUrl& url) const override { return standing.contains(url); }
+
+    std::expected<FileUrl, SystemError> copyInto(const FileUrl& folder,
+                                                 const FileUrl& bundle) override {
+        if (failWith) {
+            return std::unexpected(*failWith);
+        }
+        auto place = folder.appending(bundle.lastPathComponent());
+        standing.insert(place);
+        return place;
+    }
+
+    std::set<FileUrl> standing;
+    std::optional<SystemError> failWith;
+};
+
+struct BundleInstallationTest : testing::Test {
+    BundleInstallationTest() { programs.names = {"caja"}; }
+
+    BundleInstallation installationOf(const std::optional<FileUrl>& running) {
+        const auto programFolder =
+            running ? running->appending("Contents/Linux") : FileUrl("/build/bin");
+        return {{settings, defaults, list, registrations, programs, bundles, log},
+                {programFolder, running, {"@BLANKWELL_APPLICATION_PATH@", ""}},
+                {FileUrl("/h"), FileUrl("/h/data"), FileUrl("/h/config")},
+                FileUrl("/usual")};
+    }
+
+    std::string registeredProgram() {
+        const auto found = registrations.held.find("application");
+        return found == registrations.held.end()
+                   ? "(none)"
+                   : std::get<RegisteredFile>(found->second[0]).contents;
+    }
+
+    FakeUserDefaults defaults;
+    FakeUserDefaults list;
+    FakeLog log;
+    AppSettings settings{defaults, log};
+    FakeRegistrations registrations;
+    FakeInstalledPrograms programs;
+    FakeBundleStore bundles;
+    FileUrl bundle{"/d/B.app"};
+};
+
+TEST_F(BundleInstallationTest, CopiesTheBundleAndRegistersTheCopy) {
+    auto installation = installationOf(bundle);
+    EXPECT_EQ(installation.install(std::nullopt), FileUrl("/h/Applications/B.app"));
+    EXPECT_EQ(registeredProgram(), "\"/h/Applications/B.app/Contents/Linux/blankwell-plus\"");
+    EXPECT_THAT(std::get<RegisteredFile>(registrations.held["menu.caja"][0]).contents,
+                HasSubstr("'/h/Applications/B.app/Contents/Linux/blankwell' open"));
+    EXPECT_FALSE(installation.isRegistered());
+}
+
+TEST_F(BundleInstallationTest, TakesAnotherFolder) {
+    EXPECT_EQ(installationOf(bundle).install(FileUrl("/x")), FileUrl("/x/B.app"));
+    EXPECT_EQ(registeredProgram(), "\"/x/B.app/Contents/Linux/blankwell-plus\"");
+}
+
+TEST_F(BundleInstallationTest, ABundleThatIsNotCopiedIsNotRegistered) {
+    bundles.failWith = SystemError{SystemError::Domain::posix, 28, "The disk is full."};
+    EXPECT_FALSE(installationOf(bundle).install(std::nullopt));
+    EXPECT_EQ(registeredProgram(), "(none)");
+    EXPECT_THAT(list.values, IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, OutsideOfABundleThereIsNothingToInstall) {
+    const auto installed = installationOf(std::nullopt).install(std::nullopt);
+    ASSERT_FALSE(installed);
+    EXPECT_EQ(installed.error().description,
+              "This program is not in a bundle, so there is nothing to install.");
+}
+
+TEST_F(BundleInstallationTest, UnregisteringTakesEveryGroupAway) {
+    auto installation = installationOf(bundle);
+    ASSERT_TRUE(installation.install(std::nullopt));
+    ASSERT_TRUE(installation.unregister());
+    EXPECT_THAT(registrations.held, IsEmpty());
+    EXPECT_THAT(list.values, IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, AStartMendsAMissingRegistration) {
+    auto installation = installationOf(bundle);
+    installation.mend();
+    EXPECT_TRUE(installation.isRegistered());
+    registrations.held.clear();
+    installation.mend();
+    EXPECT_EQ(registeredProgram(), "\"/d/B.app/Contents/Linux/blankwell-plus\"");
+    EXPECT_THAT(registrations.groups(), ElementsAre("application", "menu.caja"));
+}
+
+TEST_F(BundleInstallationTest, AStartOfAMovedBundleMendsItsRegistration) {
+    bundles.standing = {bundle};
+    installationOf(bundle).mend();
+    bundles.standing = {FileUrl("/moved/B.app")};
+    installationOf(FileUrl("/moved/B.app")).mend();
+    EXPECT_EQ(registeredProgram(), "\"/moved/B.app/Contents/Linux/blankwell-plus\"");
+}
+
+TEST_F(BundleInstallationTest, AStartTakesNothingFromAnotherBundle) {
+    ASSERT_TRUE(installationOf(bundle).install(std::nullopt));
+    auto other = installationOf(FileUrl("/download/B.app"));
+    other.mend();
+    other.refreshMenus();
+    EXPECT_EQ(registeredProgram(), "\"/h/Applications/B.app/Contents/Linux/blankwell-plus\"");
+    EXPECT_FALSE(other.isRegistered());
+}
+
+TEST_F(BundleInstallationTest, AStartInABuildTreeRegistersNothing) {
+    auto installation = installationOf(std::nullopt);
+    installation.mend();
+    installation.refreshMenus();
+    EXPECT_THAT(registrations.held, IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, WhatAPackageBroughtGetsItsMenusOnly) {
+    installationOf(FileUrl("/usr/lib/blankwell-plus/B.app")).mend();
+    EXPECT_THAT(registrations.groups(), ElementsAre("menu.caja"));
+    EXPECT_THAT(list.values, IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, MenusFollowTheSettings) {
+    auto installation = installationOf(bundle);
+    installation.mend();
+    settings.enabledFileTypeIDs.set({"md"});
+    installation.refreshMenus();
+    EXPECT_THAT(registrations.held["menu.caja"], SizeIs(1));
+}
+
+TEST_F(BundleInstallationTest, AFailureToMendIsLogged) {
+    registrations.failWith = SystemError{SystemError::Domain::posix, 28, "The disk is full."};
+    installationOf(bundle).mend();
+    EXPECT_THAT(log.lines, testing::Not(IsEmpty()));
+}
+
+} // namespace
+} // namespace blankwell
