@@ -30,7 +30,7 @@ bool isPlainName(std::string_view name) {
 } // namespace
 
 BundleDirectory::BundleDirectory(const FileUrl& programFolder)
-    : contents_(programFolder.deletingLastPathComponent()) {}
+    : programs_(programFolder), contents_(programFolder.deletingLastPathComponent()) {}
 
 std::expected<FileUrl, SystemError> BundleDirectory::folderOfRunningProgram() {
     std::error_code error;
@@ -40,6 +40,12 @@ std::expected<FileUrl, SystemError> BundleDirectory::folderOfRunningProgram() {
             posixError(error.value(), "The program's own folder could not be found"));
     }
     return FileUrl(program.parent_path().string());
+}
+
+FileUrl BundleDirectory::url() const {
+    const bool isInBundle =
+        programs_.lastPathComponent() == "Linux" && contents_.lastPathComponent() == "Contents";
+    return isInBundle ? contents_.deletingLastPathComponent() : programs_;
 }
 
 std::optional<FileUrl> BundleDirectory::resource(std::string_view name,

@@ -19,6 +19,9 @@ public:
     /// moves the program away under its feet. Error: the process file system is not there.
     [[nodiscard]] static std::expected<FileUrl, SystemError> folderOfRunningProgram();
 
+    /// The programs stand in "Linux" in "Contents" in the bundle.
+    [[nodiscard]] FileUrl url() const override;
+
     [[nodiscard]] std::optional<FileUrl> resource(std::string_view name,
                                                   std::string_view extension) const override;
 
@@ -26,6 +29,7 @@ public:
     [[nodiscard]] std::optional<std::string> infoString(std::string_view key) const override;
 
 private:
+    FileUrl programs_;
     FileUrl contents_;
     mutable std::optional<PropertyList> info_;
 };
