@@ -4,7 +4,9 @@
 #include "support/EventLog.h"
 #include "support/FakeFileSystem.h"
 
+#include <deque>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace blankwell {
@@ -23,9 +25,9 @@ public:
 
     void recycle(const FileUrl& url, Completion completion) override {
         events_.push_back("recycle " + url.path());
-        completion_ = [this, url, completion = std::move(completion)]() mutable {
+        asked_.emplace_back([this, url, completion = std::move(completion)]() mutable {
             completion(taken(url, failRecyclingWith, recycleLocation));
-        };
+        });
     }
 
     std::expected<void, FileManagerScriptFailure>
@@ -34,18 +36,23 @@ public:
         if (failDeletingWith) {
             return std::unexpected(*failDeletingWith);
         }
+        if (!files_.folders.contains(url)) {
+            return std::unexpected(FileManagerScriptFailure{
+                FileManagerScriptFailure::Refused{.localizedDescription = "no such item"}});
+        }
         take(url);
         return {};
     }
 
-    /// Lets the desktop answer the last `recycle`. False where there was none.
+    /// Lets the desktop answer the oldest `recycle`. False where there was none.
     bool answer() {
-        auto completion = std::exchange(completion_, nullptr);
-        if (completion) {
-            completion();
-            return true;
+        if (asked_.empty()) {
+            return false;
         }
-        return false;
+        auto completion = std::move(asked_.front());
+        asked_.pop_front();
+        completion();
+        return true;
     }
 
     std::optional<SystemError> failTrashingWith;
@@ -63,6 +70,9 @@ private:
         if (failure) {
             return std::unexpected(*failure);
         }
+        if (!files_.folders.contains(url)) {
+            return std::unexpected(cocoaError(CocoaCode::fileNoSuchFile, "no such item"));
+        }
         take(url);
         return location;
     }
@@ -75,7 +85,7 @@ private:
 
     EventLog& events_;
     FakeFileSystem& files_;
-    std::move_only_function<void()> completion_;
+    std::deque<std::move_only_function<void()>> asked_;
 };
 
 } // namespace blankwell
