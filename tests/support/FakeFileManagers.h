@@ -3,8 +3,10 @@
 #include "platform/FileManagers.h"
 #include "support/EventLog.h"
 
+#include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace blankwell {
@@ -19,21 +21,34 @@ public:
         /// How often it is still there when somebody looks.
         int looksUntilGone = 0;
         bool wasAsked = false;
+        bool isGone = false;
     };
 
     explicit FakeFileManagers(EventLog& events) : events_(events) {}
 
     std::vector<std::unique_ptr<RunningFileManager>> running() override {
-        std::vector<std::unique_ptr<RunningFileManager>> found;
+        std::vector<std::unique_ptr<RunningFileManager>> handles;
+        found_.clear();
         for (auto& process : processes) {
-            found.push_back(std::make_unique<Handle>(events_, process));
+            if (!process.isGone) {
+                found_.push_back(&process);
+                handles.push_back(std::make_unique<Handle>(events_, process));
+            }
         }
-        return found;
+        return handles;
     }
 
-    void relaunch() override { events_.emplace_back("relaunch file managers"); }
+    void relaunch() override {
+        events_.emplace_back("relaunch file managers");
+        for (const auto* process : std::exchange(found_, {})) {
+            if (process->isGone) {
+                processes.push_back({.name = process->name});
+            }
+        }
+    }
 
-    std::vector<Process> processes;
+    /// In the order in which they were started.
+    std::deque<Process> processes;
 
 private:
     class Handle : public RunningFileManager {
@@ -52,7 +67,9 @@ private:
         }
 
         bool isTerminated() const override {
-            return process_.wasAsked && --process_.looksUntilGone < 0;
+            process_.isGone =
+                process_.isGone || (process_.wasAsked && --process_.looksUntilGone < 0);
+            return process_.isGone;
         }
 
     private:
@@ -61,6 +78,7 @@ private:
     };
 
     EventLog& events_;
+    std::vector<const Process*> found_;
 };
 
 } // namespace blankwell
