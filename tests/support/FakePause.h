@@ -2,7 +2,7 @@
 
 #include "platform/Pause.h"
 
-#include <deque>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -13,17 +13,17 @@ class FakePause : public Pause {
 public:
     void after(std::chrono::milliseconds duration, std::move_only_function<void()> work) override {
         durations.push_back(duration);
-        pending_.push_back(std::move(work));
+        pending_.emplace(now_ + duration, std::move(work));
     }
 
-    /// Lets the oldest pause be over. False where there is none.
+    /// Lets the pause that ends first be over. False where there is none.
     bool elapse() {
         if (pending_.empty()) {
             return false;
         }
-        auto work = std::move(pending_.front());
-        pending_.pop_front();
-        work();
+        auto next = pending_.extract(pending_.begin());
+        now_ = next.key();
+        next.mapped()();
         return true;
     }
 
@@ -31,7 +31,9 @@ public:
     std::vector<std::chrono::milliseconds> durations;
 
 private:
-    std::deque<std::move_only_function<void()>> pending_;
+    std::chrono::milliseconds now_{};
+    /// By the moment at which each is due.
+    std::multimap<std::chrono::milliseconds, std::move_only_function<void()>> pending_;
 };
 
 } // namespace blankwell
