@@ -13,6 +13,9 @@ class Bundle {
 public:
     virtual ~Bundle() = default;
 
+    /// Where the bundle stands; the folder of the program where that is in none.
+    [[nodiscard]] virtual FileUrl url() const = 0;
+
     /// The resource file `name`.`extension`, or nothing when the bundle has none.
     [[nodiscard]] virtual std::optional<FileUrl> resource(std::string_view name,
                                                           std::string_view extension) const = 0;

@@ -9,8 +9,9 @@
 
 namespace blankwell {
 
-/// What every `Alert` does. `World` has an `alert()` before a user who takes note of each alert
-/// after having read it, and `read()`, what that user has read, oldest first.
+/// What every `Alert` does. `World` has an `alert()` before a user who presses Return after having
+/// read it, `dismissed()`, the same before one who presses Escape, and `read()`, what that user has
+/// read, oldest first.
 template <typename World>
 struct AlertContract : testing::Test {
     World world;
@@ -44,7 +45,25 @@ TYPED_TEST_P(AlertContract, TheInformativeTextMayBeEmpty) {
     EXPECT_THAT(this->world.read(), testing::ElementsAre(content));
 }
 
+TYPED_TEST_P(AlertContract, ReturnPressesTheFirstOfTheButtonsAndEscapeTheLast) {
+    const AlertContent question{.style = AlertContent::Style::critical,
+                                .messageText = "Uninstall Blankwell+?",
+                                .informativeText = "Text",
+                                .buttons = {"Uninstall", "Later", "Cancel"}};
+    EXPECT_EQ(this->world.alert().runModal(question), 0U);
+    EXPECT_EQ(this->world.dismissed().runModal(question), 2U);
+    EXPECT_THAT(this->world.read(), testing::ElementsAre(question, question));
+}
+
+TYPED_TEST_P(AlertContract, WithoutTitlesTheOneButtonTakesNote) {
+    const AlertContent content{.messageText = "Title", .informativeText = "Text"};
+    EXPECT_EQ(this->world.alert().runModal(content), 0U);
+    EXPECT_EQ(this->world.dismissed().runModal(content), 0U);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(AlertContract, WhenItReturnsTheUserHasReadTheContentOnce,
-                            EveryStyleIsToldFromTheOthers, TheInformativeTextMayBeEmpty);
+                            EveryStyleIsToldFromTheOthers, TheInformativeTextMayBeEmpty,
+                            ReturnPressesTheFirstOfTheButtonsAndEscapeTheLast,
+                            WithoutTitlesTheOneButtonTakesNote);
 
 } // namespace blankwell

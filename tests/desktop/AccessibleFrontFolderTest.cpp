@@ -1,5 +1,6 @@
 #include "platform/linux/FileManagerFrontFolder.h"
 
+#include "desktop/AccessibleDesktop.h"
 #include "desktop/Desktop.h"
 #include "desktop/Program.h"
 #include "support/FakeSurroundings.h"
@@ -20,20 +21,6 @@ namespace blankwell {
 namespace {
 
 using std::chrono::milliseconds;
-
-/// The desktop with an accessibility bus, which file managers describe their windows on.
-struct AccessibleDesktop {
-    AccessibleDesktop() {
-        ::unsetenv("NO_AT_BRIDGE");
-        ::unsetenv("GTK_A11Y");
-        ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
-        outputOf({"gsettings", "set", "org.nemo.preferences", "treat-root-as-normal", "true"});
-        launcher.emplace(Arguments{"/usr/libexec/at-spi-bus-launcher", "--launch-immediately"});
-        EXPECT_TRUE(eventually([] { return isOnBus("org.a11y.Bus"); }));
-    }
-
-    std::optional<Program> launcher;
-};
 
 struct AccessibleFrontFolderTest : testing::Test {
     bool becomes(const FileUrl& folder) {

@@ -9,6 +9,11 @@ class FakeAlertWorld {
 public:
     Alert& alert() { return alert_; }
 
+    Alert& dismissed() {
+        alert_.dismissesNext = true;
+        return alert_;
+    }
+
     const std::vector<AlertContent>& read() const { return alert_.shown; }
 
 private:

@@ -1,8 +1,12 @@
+#include "contract/FileManagersContract.h"
 #include "contract/FrontFolderContract.h"
 #include "contract/WorkspaceContract.h"
 
 #include "support/FakeApplication.h"
+#include "support/FakeFileManagers.h"
 #include "support/FakeSurroundings.h"
+
+#include <algorithm>
 
 namespace blankwell {
 namespace {
@@ -33,6 +37,32 @@ struct FakeWorkspaceWorld {
     std::size_t next = 0;
 };
 
+class FakeFileManagersWorld {
+public:
+    FileManagers& managers() { return managers_; }
+
+    void start() { managers_.processes.push_back({.name = "one"}); }
+
+    bool isBack() const {
+        const auto& processes = managers_.processes;
+        return !processes.empty() && processes.back().name == "one" && !processes.back().isGone;
+    }
+
+    bool staysAway() const { return managers_.processes.empty(); }
+
+    bool staysAlone() const {
+        return std::ranges::count(managers_.processes, false, &FakeFileManagers::Process::isGone) ==
+               1;
+    }
+
+    static bool ends(const RunningFileManager& process) { return process.isTerminated(); }
+
+private:
+    EventLog events_;
+    FakeFileManagers managers_{events_};
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Double, FileManagersContract, FakeFileManagersWorld);
 INSTANTIATE_TYPED_TEST_SUITE_P(Double, FrontFolderContract, FakeFrontFolderWorld);
 INSTANTIATE_TYPED_TEST_SUITE_P(Double, WorkspaceContract, FakeWorkspaceWorld);
 

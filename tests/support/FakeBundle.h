@@ -9,6 +9,8 @@ namespace blankwell {
 /// A bundle of the resources and Info.plist entries that a test puts in.
 class FakeBundle : public Bundle {
 public:
+    FileUrl url() const override { return location; }
+
     std::optional<FileUrl> resource(std::string_view name,
                                     std::string_view extension) const override {
         const auto found = resources.find(std::string(name) + "." + std::string(extension));
@@ -20,6 +22,7 @@ public:
         return found == info.end() ? std::nullopt : std::optional(found->second);
     }
 
+    FileUrl location{"/Applications/Blankwell+.app"};
     std::map<std::string, FileUrl> resources;
     std::map<std::string, std::string> info;
 };

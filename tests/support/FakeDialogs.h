@@ -5,6 +5,7 @@
 #include "support/EventLog.h"
 
 #include <deque>
+#include <utility>
 
 namespace blankwell {
 
@@ -37,17 +38,21 @@ private:
     EventLog& events_;
 };
 
-/// An alert that the user closes at once.
+/// An alert before a user who presses Return, or once Escape.
 class FakeAlert : public Alert {
 public:
     explicit FakeAlert(EventLog& events) : events_(events) {}
 
-    void runModal(const AlertContent& content) override {
+    std::size_t runModal(const AlertContent& content) override {
         events_.push_back("alert " + content.messageText);
         shown.push_back(content);
+        const bool dismisses = std::exchange(dismissesNext, false);
+        return dismisses && !content.buttons.empty() ? content.buttons.size() - 1 : 0;
     }
 
     std::vector<AlertContent> shown;
+    /// Whether the user presses Escape at the next alert.
+    bool dismissesNext = false;
 
 private:
     EventLog& events_;

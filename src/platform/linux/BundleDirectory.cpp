@@ -27,10 +27,18 @@ bool isPlainName(std::string_view name) {
            name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
+/// What has the programs in "Contents/Linux"; nothing where they stand elsewhere.
+std::optional<FileUrl> enclosing(const FileUrl& programFolder) {
+    const auto contents = programFolder.deletingLastPathComponent();
+    const bool isInside = programFolder.lastPathComponent() == "Linux" &&
+                          contents.lastPathComponent() == "Contents";
+    return isInside ? std::optional(contents.deletingLastPathComponent()) : std::nullopt;
+}
+
 } // namespace
 
 BundleDirectory::BundleDirectory(const FileUrl& programFolder)
-    : contents_(programFolder.deletingLastPathComponent()) {}
+    : programs_(programFolder), contents_(programFolder.deletingLastPathComponent()) {}
 
 std::expected<FileUrl, SystemError> BundleDirectory::folderOfRunningProgram() {
     std::error_code error;
@@ -43,12 +51,13 @@ std::expected<FileUrl, SystemError> BundleDirectory::folderOfRunningProgram() {
 }
 
 std::optional<FileUrl> BundleDirectory::bundleOf(const FileUrl& programFolder) {
-    const auto contents = programFolder.deletingLastPathComponent();
-    auto bundle = contents.deletingLastPathComponent();
-    const bool isBundle = programFolder.lastPathComponent() == "Linux" &&
-                          contents.lastPathComponent() == "Contents" &&
-                          bundle.lastPathComponent().ends_with(".app");
-    return isBundle ? std::optional(std::move(bundle)) : std::nullopt;
+    auto bundle = enclosing(programFolder);
+    const bool isBundle = bundle && bundle->lastPathComponent().ends_with(".app");
+    return isBundle ? bundle : std::nullopt;
+}
+
+FileUrl BundleDirectory::url() const {
+    return enclosing(programs_).value_or(programs_);
 }
 
 std::optional<FileUrl> BundleDirectory::resource(std::string_view name,

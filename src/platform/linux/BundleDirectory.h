@@ -23,6 +23,9 @@ public:
     /// as in a build tree.
     [[nodiscard]] static std::optional<FileUrl> bundleOf(const FileUrl& programFolder);
 
+    /// The programs stand in "Linux" in "Contents" in the bundle.
+    [[nodiscard]] FileUrl url() const override;
+
     [[nodiscard]] std::optional<FileUrl> resource(std::string_view name,
                                                   std::string_view extension) const override;
 
@@ -30,6 +33,7 @@ public:
     [[nodiscard]] std::optional<std::string> infoString(std::string_view key) const override;
 
 private:
+    FileUrl programs_;
     FileUrl contents_;
     mutable std::optional<PropertyList> info_;
 };

@@ -4,7 +4,7 @@
 
 namespace blankwell {
 
-void ConsoleAlert::runModal(const AlertContent& content) {
+std::size_t ConsoleAlert::runModal(const AlertContent& content) {
     wasShown_ = true;
     std::string lines;
     for (const auto& text : {content.messageText, content.informativeText}) {
@@ -13,6 +13,7 @@ void ConsoleAlert::runModal(const AlertContent& content) {
         }
     }
     writeText(descriptor_, lines);
+    return content.buttons.empty() ? 0 : content.buttons.size() - 1;
 }
 
 } // namespace blankwell

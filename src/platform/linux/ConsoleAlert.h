@@ -7,13 +7,14 @@
 namespace blankwell {
 
 /// Alerts of a program without windows: the message text and below it the informative text, as
-/// lines on standard error. Control characters in them stand as escapes.
+/// lines on standard error. Control characters in them stand as escapes. There is nobody to press a
+/// button, so the last one counts as pressed: a question is never taken for answered with yes.
 class ConsoleAlert : public Alert {
 public:
     /// Writes to `descriptor`, which stays the caller's and must outlive this object.
     explicit ConsoleAlert(int descriptor = STDERR_FILENO) : descriptor_(descriptor) {}
 
-    void runModal(const AlertContent& content) override;
+    std::size_t runModal(const AlertContent& content) override;
 
     /// Whether there was any alert, even if the stream took nothing of it: the program's work did
     /// not go as the user wanted.

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -54,6 +55,24 @@ private:
     const Deadline& deadline_;
 };
 
+/// Lets `ask` put questions to the running `window` until `deadline`; does not where it is not on
+/// the bus.
+void askWindow(const DesktopWindow& window, const Deadline& deadline,
+               const std::function<void(const DolphinQuestions&)>& ask) {
+    auto object = dolphinObject(window);
+    auto bus = SessionBus::connect(deadline);
+    if (!object || !bus) {
+        return;
+    }
+    DolphinWindow dolphin(*bus, *std::move(object), deadline);
+    ask({
+        .isOpen = [&](const FileUrl& folder) { return dolphin.isOpen(folder); },
+        .isEnabled = [&](const std::string& action) { return dolphin.isEnabled(action); },
+        .isWritable =
+            [](const FileUrl& folder) { return ::access(folder.path().c_str(), W_OK) == 0; },
+    });
+}
+
 } // namespace
 
 std::optional<DolphinObject> dolphinObject(const DesktopWindow& window) {
@@ -97,26 +116,46 @@ std::optional<FileUrl> folderInDolphinWindow(std::string_view caption,
     return std::nullopt;
 }
 
+std::vector<FileUrl> foldersInDolphinWindow(std::string_view caption,
+                                            const std::vector<FileUrl>& candidates,
+                                            const DolphinQuestions& dolphin) {
+    auto looked = candidates;
+    if (FileUrl named{std::string(caption)};
+        caption.starts_with('/') && std::ranges::find(looked, named) == looked.end()) {
+        looked.insert(looked.begin(), std::move(named));
+    }
+    std::vector<FileUrl> open;
+    for (const auto& folder : looked) {
+        const auto isOpen = dolphin.isOpen(folder);
+        if (!isOpen) {
+            break;
+        }
+        if (*isOpen) {
+            open.push_back(folder);
+        }
+    }
+    std::ranges::reverse(open);
+    return open;
+}
+
 std::optional<FileUrl> askDolphin(const DesktopWindow& window, const KnownFolders& known,
                                   const Deadline& deadline) {
-    auto object = dolphinObject(window);
-    if (!object) {
-        return std::nullopt;
-    }
-    auto bus = SessionBus::connect(deadline);
-    if (!bus) {
-        return std::nullopt;
-    }
-    DolphinWindow dolphin(*bus, *std::move(object), deadline);
+    std::optional<FileUrl> folder;
     const auto caption = captionOfDolphinTitle(window.title);
-    return folderInDolphinWindow(
-        caption, folderCandidates(caption, known),
-        {
-            .isOpen = [&](const FileUrl& folder) { return dolphin.isOpen(folder); },
-            .isEnabled = [&](const std::string& action) { return dolphin.isEnabled(action); },
-            .isWritable =
-                [](const FileUrl& folder) { return ::access(folder.path().c_str(), W_OK) == 0; },
-        });
+    askWindow(window, deadline, [&](const DolphinQuestions& dolphin) {
+        folder = folderInDolphinWindow(caption, folderCandidates(caption, known), dolphin);
+    });
+    return folder;
+}
+
+std::vector<FileUrl> askDolphinForTabs(const DesktopWindow& window, const KnownFolders& known,
+                                       const Deadline& deadline) {
+    std::vector<FileUrl> folders;
+    const auto caption = captionOfDolphinTitle(window.title);
+    askWindow(window, deadline, [&](const DolphinQuestions& dolphin) {
+        folders = foldersInDolphinWindow(caption, folderCandidates(caption, known), dolphin);
+    });
+    return folders;
 }
 
 } // namespace blankwell

@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace blankwell {
 
@@ -48,5 +50,17 @@ struct DolphinQuestions {
 /// Asks the running Dolphin for the folder in front in `window`, which is looked for in `known`.
 [[nodiscard]] std::optional<FileUrl>
 askDolphin(const DesktopWindow& window, const KnownFolders& known, const Deadline& deadline);
+
+/// The folders that are open in a window captioned `caption`, in any tab: the one that the caption
+/// names, and those of `candidates`, the likeliest last, since Dolphin brings the last of the
+/// folders that it is started with to the front. A tab that shows none of these is not known of.
+[[nodiscard]] std::vector<FileUrl> foldersInDolphinWindow(std::string_view caption,
+                                                          const std::vector<FileUrl>& candidates,
+                                                          const DolphinQuestions& dolphin);
+
+/// Asks the running Dolphin for the folders in all tabs of `window`, which are looked for in
+/// `known`.
+[[nodiscard]] std::vector<FileUrl>
+askDolphinForTabs(const DesktopWindow& window, const KnownFolders& known, const Deadline& deadline);
 
 } // namespace blankwell

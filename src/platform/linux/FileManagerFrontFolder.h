@@ -3,6 +3,7 @@
 #include "base/FileUrl.h"
 #include "platform/FrontFolder.h"
 #include "platform/WellKnownFolders.h"
+#include "platform/linux/WindowFolders.h"
 
 #include <functional>
 #include <vector>
@@ -34,9 +35,7 @@ public:
     [[nodiscard]] std::optional<std::string> path() override;
 
 private:
-    const WellKnownFolders& wellKnown_;
-    FileUrl home_;
-    std::function<std::vector<FileUrl>()> roots_;
+    WindowFolders folders_;
 };
 
 } // namespace blankwell

@@ -1,10 +1,9 @@
 #include "platform/linux/FileManagerWorkspace.h"
 
 #include "base/FileUri.h"
+#include "platform/linux/DetachedProgram.h"
 #include "platform/linux/DirectoryHandler.h"
 #include "platform/linux/SystemErrors.h"
-
-#include <glib.h>
 
 #include <algorithm>
 #include <array>
@@ -40,18 +39,8 @@ std::optional<std::string> runningFileManager(const std::vector<std::string>& na
     return std::nullopt;
 }
 
-/// Starts `command` without an output, as nobody's child: it is not waited for and outlives this
-/// process.
 bool start(const Command& command) {
-    std::vector<char*> arguments;
-    for (const auto& argument : command) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    }
-    arguments.push_back(nullptr);
-    constexpr auto flags = static_cast<GSpawnFlags>(
-        G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
-    return g_spawn_async(nullptr, arguments.data(), nullptr, flags, nullptr, nullptr, nullptr,
-                         nullptr) != 0;
+    return startDetached(command);
 }
 
 bool startDefaultHandler(const FileUrl& url) {

@@ -44,14 +44,25 @@ bool isLookedAt(const DesktopWindow& window, std::optional<std::uint32_t> worksp
 
 } // namespace
 
-std::optional<FrontWindow> frontWindow(const WindowStack& stack) {
+std::optional<FileManagerWindow> frontWindow(const WindowStack& stack) {
     for (const auto& window : stack.windows | std::views::reverse) {
         const auto fileManager = fileManagerOf(window);
         if (fileManager && isLookedAt(window, stack.workspace)) {
-            return FrontWindow{*fileManager, window};
+            return FileManagerWindow{*fileManager, window};
         }
     }
     return std::nullopt;
+}
+
+std::vector<FileManagerWindow> fileManagerWindows(const WindowStack& stack) {
+    std::vector<FileManagerWindow> windows;
+    for (const auto& window : stack.windows) {
+        const auto fileManager = fileManagerOf(window);
+        if (fileManager && window.kind != DesktopWindow::Kind::other) {
+            windows.push_back({*fileManager, window});
+        }
+    }
+    return windows;
 }
 
 } // namespace blankwell

@@ -6,6 +6,27 @@
 #include <algorithm>
 
 namespace blankwell {
+namespace {
+
+/// The URIs of the tabs of each window, by the window's object path.
+std::optional<BusMessage::StringLists> askForOpenWindows(const Deadline& deadline) {
+    auto bus = SessionBus::connect(deadline);
+    if (!bus) {
+        return std::nullopt;
+    }
+    auto request = bus->request({.destination = "org.gnome.Nautilus",
+                                 .path = "/org/freedesktop/FileManager1",
+                                 .interface = "org.freedesktop.DBus.Properties",
+                                 .member = "Get"});
+    if (!request) {
+        return std::nullopt;
+    }
+    request->append("org.freedesktop.FileManager1").append("OpenWindowsWithLocations");
+    auto answer = bus->call(*request, deadline);
+    return answer ? answer->readVariantOfStringLists() : std::nullopt;
+}
+
+} // namespace
 
 std::optional<FileUrl> folderInNautilusWindow(const DesktopWindow& window,
                                               const BusMessage::StringLists& openWindows) {
@@ -29,22 +50,27 @@ std::optional<FileUrl> folderInNautilusWindow(const DesktopWindow& window,
     return isOneFolder ? std::optional(titled.front()) : std::nullopt;
 }
 
+std::vector<FileUrl> foldersInNautilusWindow(const DesktopWindow& window,
+                                             const BusMessage::StringLists& openWindows) {
+    std::vector<FileUrl> folders;
+    if (const auto found = openWindows.find(window.objectPath); found != openWindows.end()) {
+        for (const auto& tab : found->second) {
+            if (auto folder = fileOfUri(tab)) {
+                folders.push_back(*std::move(folder));
+            }
+        }
+    }
+    return folders;
+}
+
 std::optional<FileUrl> askNautilus(const DesktopWindow& window, const Deadline& deadline) {
-    auto bus = SessionBus::connect(deadline);
-    if (!bus) {
-        return std::nullopt;
-    }
-    auto request = bus->request({.destination = "org.gnome.Nautilus",
-                                 .path = "/org/freedesktop/FileManager1",
-                                 .interface = "org.freedesktop.DBus.Properties",
-                                 .member = "Get"});
-    if (!request) {
-        return std::nullopt;
-    }
-    request->append("org.freedesktop.FileManager1").append("OpenWindowsWithLocations");
-    auto answer = bus->call(*request, deadline);
-    const auto openWindows = answer ? answer->readVariantOfStringLists() : std::nullopt;
+    const auto openWindows = askForOpenWindows(deadline);
     return openWindows ? folderInNautilusWindow(window, *openWindows) : std::nullopt;
+}
+
+std::vector<FileUrl> askNautilusForTabs(const DesktopWindow& window, const Deadline& deadline) {
+    const auto openWindows = askForOpenWindows(deadline);
+    return openWindows ? foldersInNautilusWindow(window, *openWindows) : std::vector<FileUrl>();
 }
 
 } // namespace blankwell

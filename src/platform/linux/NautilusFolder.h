@@ -6,6 +6,7 @@
 #include "platform/linux/DesktopWindow.h"
 
 #include <optional>
+#include <vector>
 
 namespace blankwell {
 
@@ -19,5 +20,13 @@ folderInNautilusWindow(const DesktopWindow& window, const BusMessage::StringList
 /// Asks the running Nautilus for the folder in front in `window`; starts nothing.
 [[nodiscard]] std::optional<FileUrl> askNautilus(const DesktopWindow& window,
                                                  const Deadline& deadline);
+
+/// The folders that the tabs of `window` show, in their order, by what Nautilus says is open.
+[[nodiscard]] std::vector<FileUrl>
+foldersInNautilusWindow(const DesktopWindow& window, const BusMessage::StringLists& openWindows);
+
+/// Asks the running Nautilus for the folders of all tabs of `window`; starts nothing.
+[[nodiscard]] std::vector<FileUrl> askNautilusForTabs(const DesktopWindow& window,
+                                                      const Deadline& deadline);
 
 } // namespace blankwell

@@ -88,6 +88,10 @@ std::expected<void, SystemError> XdgAutostart::turnOff() {
     });
 }
 
+void XdgAutostart::forget() const {
+    ::unlink(file_.path().c_str());
+}
+
 std::expected<std::optional<AutostartEntry>, SystemError> XdgAutostart::load() const {
     const auto file = FileSnapshot::open(file_.path());
     if (!file && (file.error() == ENOENT || file.error() == ENOTDIR)) {

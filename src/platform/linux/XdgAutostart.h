@@ -31,6 +31,10 @@ public:
     [[nodiscard]] std::expected<void, SystemError> turnOn() override;
     [[nodiscard]] std::expected<void, SystemError> turnOff() override;
 
+    /// Removes the entry, whatever the user has made of it; of a link, the link. An entry that
+    /// cannot be removed stays.
+    void forget() const;
+
 private:
     using Change = std::function<std::expected<void, SystemError>()>;
 

@@ -1,5 +1,7 @@
 #include "platform/linux/XdgPreferenceDomains.h"
 
+#include "platform/linux/FileName.h"
+
 #include <fmt/core.h>
 
 #include <climits>
@@ -12,8 +14,7 @@ namespace {
 constexpr std::size_t longestName = NAME_MAX - std::string_view(".plist.damaged-99999").size();
 
 bool canNameADomain(std::string_view name) {
-    return !name.empty() && name.size() <= longestName && name != "." && name != ".." &&
-           !name.contains('/') && !name.contains('\0');
+    return isFileName(name) && name.size() <= longestName;
 }
 
 } // namespace

@@ -6,6 +6,9 @@
 #include <QFont>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
+
+#include <algorithm>
 
 namespace blankwell {
 namespace {
@@ -35,18 +38,34 @@ void styleTexts(const QMessageBox& box) {
     }
 }
 
+/// Adds the buttons to `box` in their order of importance: the first is the one to go on with.
+std::vector<QPushButton*> addButtons(QMessageBox& box, const std::vector<std::string>& titles) {
+    if (titles.empty()) {
+        return {box.addButton(QMessageBox::Ok)};
+    }
+    std::vector<QPushButton*> buttons;
+    for (const auto& title : titles) {
+        const auto role = buttons.empty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole;
+        buttons.push_back(box.addButton(qtText(title), role));
+    }
+    return buttons;
+}
+
 } // namespace
 
-void QtAlert::runModal(const AlertContent& content) {
+std::size_t QtAlert::runModal(const AlertContent& content) {
     // The title is what task bars show; the box itself shows it as the first line of its text.
-    QMessageBox box(iconOf(content.style), qtText(content.messageText), qtText(content.messageText),
-                    QMessageBox::Ok);
+    QMessageBox box(iconOf(content.style), qtText(content.messageText),
+                    qtText(content.messageText));
     box.setTextFormat(Qt::PlainText); // names of files may look like markup
     box.setInformativeText(qtText(content.informativeText));
+    const auto buttons = addButtons(box, content.buttons);
     styleTexts(box);
-    box.setDefaultButton(QMessageBox::Ok);
-    box.setEscapeButton(QMessageBox::Ok);
+    box.setDefaultButton(buttons.front());
+    box.setEscapeButton(buttons.back());
     runInFront(box);
+    const auto pressed = std::ranges::find(buttons, box.clickedButton());
+    return static_cast<std::size_t>(std::ranges::distance(buttons.begin(), pressed));
 }
 
 } // namespace blankwell

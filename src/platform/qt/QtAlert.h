@@ -4,10 +4,10 @@
 
 namespace blankwell {
 
-/// A message box with one button. Enter, Escape and closing it all take note.
+/// A message box. Enter presses the button that has the keyboard, the first one to begin with.
 class QtAlert : public Alert {
 public:
-    void runModal(const AlertContent& content) override;
+    std::size_t runModal(const AlertContent& content) override;
 };
 
 } // namespace blankwell

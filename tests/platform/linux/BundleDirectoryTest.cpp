@@ -52,6 +52,17 @@ struct BundleDirectoryTest : testing::Test {
     BundleDirectory bundle{folder.url().appending("bin")};
 };
 
+TEST_F(BundleDirectoryTest, TheBundleHoldsTheContentsThatHoldThePrograms) {
+    const FileUrl bundleUrl("/Applications/Blankwell+.app");
+    EXPECT_EQ(BundleDirectory(bundleUrl.appending("Contents").appending("Linux")).url(), bundleUrl);
+}
+
+TEST_F(BundleDirectoryTest, AProgramOutsideOfABundleStandsForItsFolder) {
+    for (const auto* const path : {"/usr/bin", "/x/Blankwell+.app/Linux", "/x/Contents/bin"}) {
+        EXPECT_EQ(BundleDirectory(FileUrl(path)).url(), FileUrl(path));
+    }
+}
+
 TEST_F(BundleDirectoryTest, AResourceIsAFileBesideTheProgramsFolder) {
     const auto file = folder.addFile("Resources/blank.docx");
     EXPECT_EQ(bundle.resource("blank", "docx"), file);

@@ -9,14 +9,20 @@ namespace {
 
 struct DolphinFolderTest : testing::Test {
     std::optional<FileUrl> folderCaptioned(std::string_view caption) {
-        return folderInDolphinWindow(
-            caption, candidates,
-            {
-                .isOpen = [this](const FileUrl& folder) { return answer(open.contains(folder)); },
-                .isEnabled =
-                    [this](const std::string& action) { return answer(enabled.contains(action)); },
-                .isWritable = [this](const FileUrl& folder) { return !locked.contains(folder); },
-            });
+        return folderInDolphinWindow(caption, candidates, questions());
+    }
+
+    std::vector<FileUrl> foldersCaptioned(std::string_view caption) {
+        return foldersInDolphinWindow(caption, candidates, questions());
+    }
+
+    DolphinQuestions questions() {
+        return {
+            .isOpen = [this](const FileUrl& folder) { return answer(open.contains(folder)); },
+            .isEnabled =
+                [this](const std::string& action) { return answer(enabled.contains(action)); },
+            .isWritable = [this](const FileUrl& folder) { return !locked.contains(folder); },
+        };
     }
 
     std::optional<bool> answer(bool value) const {
@@ -73,6 +79,25 @@ TEST_F(DolphinFolderTest, NoAnswerIsNone) {
     hangs = true;
     EXPECT_EQ(folderCaptioned("a"), std::nullopt);
     EXPECT_EQ(folderCaptioned("/u/a"), std::nullopt);
+}
+
+TEST_F(DolphinFolderTest, OfSeveralTabsAllThatCanBeThoughtOfAreKnownTheLikeliestLast) {
+    open = {FileUrl("/u"), FileUrl("/u/b"), FileUrl("/elsewhere")};
+    enabled = {"activate_next_tab"};
+    EXPECT_EQ(foldersCaptioned("b"), (std::vector{FileUrl("/u/b"), FileUrl("/u")}));
+}
+
+TEST_F(DolphinFolderTest, TheFolderThatTheCaptionNamesIsKnownOnce) {
+    open = {FileUrl("/deep/down"), FileUrl("/u/a")};
+    EXPECT_EQ(foldersCaptioned("/deep/down"),
+              (std::vector{FileUrl("/u/a"), FileUrl("/deep/down")}));
+    EXPECT_EQ(foldersCaptioned("/u/a"), (std::vector{FileUrl("/u/a")}));
+}
+
+TEST_F(DolphinFolderTest, WithoutAnswersNoFoldersAreKnown) {
+    open = {FileUrl("/u/a")};
+    hangs = true;
+    EXPECT_TRUE(foldersCaptioned("/u/a").empty());
 }
 
 TEST(DolphinObjectTest, IsNamedByProcessAndRole) {

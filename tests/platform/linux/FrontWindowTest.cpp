@@ -90,5 +90,22 @@ INSTANTIATE_TEST_SUITE_P(AsTheProgramsSetThem, WindowClassTest,
                                          WindowClass{"Caja", FileManager::caja},
                                          WindowClass{"pcmanfm-qt", FileManager::pcmanfmQt}));
 
+TEST(FileManagerWindowsTest, AreAllThatShowFoldersWhereverTheyStand) {
+    auto minimised = window("dolphin", "minimised");
+    minimised.isHidden = true;
+    auto elsewhere = window("Thunar", "elsewhere");
+    elsewhere.workspace = 3;
+    auto desktop = window("Caja", "desktop");
+    desktop.kind = Kind::desktop;
+    auto dialog = window("Thunar", "dialog");
+    dialog.kind = Kind::other;
+    const auto found = fileManagerWindows(
+        {.windows = {desktop, minimised, dialog, window("firefox", "page"), elsewhere},
+         .workspace = 0});
+    EXPECT_EQ(found, (std::vector<FileManagerWindow>{{FileManager::caja, desktop},
+                                                     {FileManager::dolphin, minimised},
+                                                     {FileManager::thunar, elsewhere}}));
+}
+
 } // namespace
 } // namespace blankwell

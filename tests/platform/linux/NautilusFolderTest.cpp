@@ -47,5 +47,13 @@ TEST_F(NautilusFolderTest, AWindowThatNautilusDoesNotListIsNone) {
     EXPECT_EQ(folderInNautilusWindow({}, {{"/window/1", {"file:///a"}}}), std::nullopt);
 }
 
+TEST_F(NautilusFolderTest, TheFoldersOfAllTabsAreThoseOnADisk) {
+    const BusMessage::StringLists openWindows{
+        {"/window/1", {"file:///a%20b", "trash:///", "file:///c"}}, {"/window/2", {"file:///d"}}};
+    EXPECT_EQ(foldersInNautilusWindow({.objectPath = "/window/1"}, openWindows),
+              (std::vector{FileUrl("/a b"), FileUrl("/c")}));
+    EXPECT_TRUE(foldersInNautilusWindow({.objectPath = "/window/3"}, openWindows).empty());
+}
+
 } // namespace
 } // namespace blankwell

@@ -215,5 +215,26 @@ TEST(UnavailableLoginItemTest, NeverPretends) {
     EXPECT_FALSE(item.turnOff());
 }
 
+TEST_F(XdgAutostartTest, AForgottenEntryIsGoneWhateverTheUserMadeOfIt) {
+    ASSERT_TRUE(item.turnOn());
+    item.forget();
+    EXPECT_EQ(entry(), "(none)");
+    writeEntry("[Desktop Entry]\nType=Application\nName=Mine\nExec=my-own\n");
+    item.forget();
+    EXPECT_EQ(entry(), "(none)");
+    item.forget();
+    EXPECT_EQ(item.isOn(), false);
+}
+
+TEST_F(XdgAutostartTest, OfAForgottenLinkTheTargetStays) {
+    const auto target = folder.addFile("mine.desktop", "mine");
+    folder.addFolder("config/autostart");
+    std::filesystem::create_symlink(target.path(),
+                                    folder.at(std::string("config/") + entryName).path());
+    item.forget();
+    EXPECT_EQ(entry(), "(none)");
+    EXPECT_EQ(folder.contents("mine.desktop"), "mine");
+}
+
 } // namespace
 } // namespace blankwell

@@ -31,27 +31,38 @@ AlertContent contentOf(const QMessageBox& box) {
         const auto* const label = box.findChild<QLabel*>(name);
         return label == nullptr ? "" : label->text().toStdString();
     };
+    std::vector<std::string> buttons;
+    if (box.standardButtons() == QMessageBox::NoButton) {
+        for (const auto* const button : box.buttons()) {
+            buttons.push_back(button->text().toStdString());
+        }
+    }
     return {
         .style = styles.at(box.icon()),
         .messageText = text("qt_msgbox_label"),
         .informativeText = text("qt_msgbox_informativelabel"),
+        .buttons = buttons,
     };
 }
 
-/// A user who reads an alert and presses Return.
+/// A user who reads an alert and presses a key.
 class QtAlertWorld {
 public:
-    Alert& alert() {
-        whenShown<QMessageBox>([this](QMessageBox& box) {
-            read_.push_back(contentOf(box));
-            QTest::keyClick(&box, Qt::Key_Return);
-        });
-        return alert_;
-    }
+    Alert& alert() { return alertBefore(Qt::Key_Return); }
+
+    Alert& dismissed() { return alertBefore(Qt::Key_Escape); }
 
     const std::vector<AlertContent>& read() const { return read_; }
 
 private:
+    Alert& alertBefore(Qt::Key key) {
+        whenShown<QMessageBox>([this, key](QMessageBox& box) {
+            read_.push_back(contentOf(box));
+            QTest::keyClick(&box, key);
+        });
+        return alert_;
+    }
+
     QtAlert alert_;
     std::vector<AlertContent> read_;
 };
