@@ -154,10 +154,10 @@ bool AppUninstaller::settles(const Attempt& attempt, std::string_view service) {
 
 void AppUninstaller::succeed(const FileUrl& trashLocation) {
     logger_.notice("Moved Blankwell+ to Trash at {}", trashLocation.path());
+    services_.traces.removeRegistrations(); // first: the settings hold the list of them
     services_.traces.removePersistentDomain(appGroupIdentifier);
     services_.traces.removePersistentDomain(bundleIdentifier);
     services_.traces.removeGroupContainer(appGroupIdentifier);
-    services_.traces.removeRegistrations();
     services_.fileManagers.relaunch();
     services_.presence.terminate();
 }

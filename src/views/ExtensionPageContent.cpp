@@ -10,8 +10,10 @@ ExtensionPageContent extensionPageContent(std::string_view shortcut) {
         .title = "Creating Files From Your File Manager",
         .paragraphs =
             {
-                {"This version adds no command to the menus of file managers, so there is nothing "
-                 "to enable here. These ways work in every folder:"},
+                {"Once Blankwell+ is installed, the menus of your file managers have a **Create "
+                 "File** command. In a terminal, **blankwell menus** lists the file managers, and "
+                 "**blankwell menus off nemo** takes the command out of one. These ways work in "
+                 "every folder, too:"},
             },
         .rows =
             {

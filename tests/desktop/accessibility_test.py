@@ -192,27 +192,32 @@ class AccessibleMainWindow(ApplicationTestCase):
         self.press("Open Extension Settings")
         self.window(EXTENSION)
 
-    def assert_tells_that_it_cannot_uninstall(self):
+    def assert_asks_before_it_uninstalls(self):
         before = self.domain.read_bytes()
-        alert = self.window("Could not uninstall Blankwell+")
+        alert = self.window("Uninstall Blankwell+?")
         self.assertEqual(alert.role, "alert")
-        self.element(alert, "label", "Could not uninstall Blankwell+")
-        self.element(alert, "label", "Remove it the way it was installed.")
-        self.element(alert, "push button", "OK").act()
-        self.assert_eventually(lambda: not self.is_open("Could not uninstall Blankwell+"))
+        self.element(alert, "label", "Uninstall Blankwell+?")
+        self.element(
+            alert, "label",
+            "This will move Blankwell+ to the Trash, remove saved Blankwell+ settings, and restart "
+            "Finder so the Finder extension is unloaded.\n\n"
+            "Files you created with Blankwell+ will not be removed.")
+        self.element(alert, "push button", "Uninstall")
+        self.element(alert, "push button", "Cancel").act()
+        self.assert_eventually(lambda: not self.is_open("Uninstall Blankwell+?"))
         self.assertEqual(self.domain.read_bytes(), before)
         self.assertTrue(self.is_open(MAIN))
 
     def test_the_uninstall_button_changes_nothing_by_itself(self):
         self.press("Uninstall...")
-        self.assert_tells_that_it_cannot_uninstall()
+        self.assert_asks_before_it_uninstalls()
 
     def choose(self, title):
         self.element(self.main, "menu item", title).act()
 
     def test_the_uninstall_command_changes_nothing_by_itself(self):
         self.choose("Uninstall Blankwell+...")
-        self.assert_tells_that_it_cannot_uninstall()
+        self.assert_asks_before_it_uninstalls()
 
     def test_help_opens_from_its_menu_once(self):
         self.choose("Blankwell+ Help")

@@ -113,11 +113,11 @@ TEST_F(AppUninstallerTest, RemovesTheBundleFirstAndThenItsTracesAndEnds) {
     trash.trashLocation = FileUrl("/Users/u/.Trash/Blankwell+.app");
     uninstall();
     EXPECT_THAT(events, ElementsAre("alert Uninstall Blankwell+?", "hide panel",
-                                    "trash /Applications/Blankwell+.app",
+                                    "trash /Applications/Blankwell+.app", "remove registrations",
                                     "remove domain BLNKWLPLUS.app.blankwell.BlankwellPlus",
                                     "remove domain app.blankwell.BlankwellPlus",
                                     "remove container BLNKWLPLUS.app.blankwell.BlankwellPlus",
-                                    "remove registrations", "relaunch file managers", "terminate"));
+                                    "relaunch file managers", "terminate"));
     EXPECT_THAT(log.lines,
                 ElementsAre(FakeLog::Line{LogLevel::notice, "Uninstaller",
                                           "Starting uninstall for /Applications/Blankwell+.app"},

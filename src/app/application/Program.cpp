@@ -8,6 +8,7 @@
 #include "platform/linux/JournalLog.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
+#include "platform/linux/XdgAutostart.h"
 #include "platform/linux/update/BundleInstallation.h"
 #include "platform/linux/update/StagingFolder.h"
 #include "widgets/Symbols.h"
@@ -109,6 +110,23 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .relaunch = [this] { relaunch(); },
           .log = *log_,
       }),
+      fileManagers_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
+      traces_(FileUrl(preferences_), userPlaces(environment_, account_).dataHome,
+              {[this, programFolder] { removeRegistrations(programFolder); }}),
+      uninstaller_({
+          .creation = creation_,
+          .alert = alert_,
+          .bundle = bundle_,
+          .fileSystem = files_,
+          .fileManagers = fileManagers_,
+          .trash = trash_,
+          .traces = traces_,
+          .application = application_,
+          .presence = presence_,
+          .mainQueue = mainQueue_,
+          .pause = pause_,
+          .log = *log_,
+      }),
       statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
       presenceController_({
           .settings = settings_,
@@ -191,6 +209,17 @@ void Program::keepInstallation() {
     const auto refresh = [&installation](const auto& /*value*/) { installation.refreshMenus(); };
     enabledTypes_ = observeLater(settings_.enabledFileTypeIDs, mainQueue_, refresh);
     typeOrder_ = observeLater(settings_.fileTypeOrder, mainQueue_, refresh);
+}
+
+void Program::removeRegistrations(const FileUrl& programFolder) {
+    XdgAutostart(FileUrl(preferences_), bundleIdentifier, programFolder.appending("blankwell-plus"))
+        .forget();
+    if (!installation_) {
+        return;
+    }
+    if (const auto done = installation_->installation().unregister(); !done) {
+        Logger(*log_, "Uninstaller").error("Not all is unregistered: {}", done.error().description);
+    }
 }
 
 FileSystem& Program::writableFiles() {

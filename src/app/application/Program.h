@@ -6,7 +6,6 @@
 #include "app/FinderRequestHandler.h"
 #include "app/RemoteRequests.h"
 #include "app/application/HotKeys.h"
-#include "app/application/NoUninstall.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
 #include "app/application/UpdateJobLoader.h"
@@ -24,8 +23,11 @@
 #include "platform/linux/LinuxAccessScopes.h"
 #include "platform/linux/LinuxBookmarks.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxInstallationTraces.h"
+#include "platform/linux/LinuxTrash.h"
 #include "platform/linux/ProcessEnvironment.h"
 #include "platform/linux/ScopedFileSystem.h"
+#include "platform/linux/SessionFileManagers.h"
 #include "platform/linux/UserDatabaseAccount.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 #include "platform/linux/XdgWellKnownFolders.h"
@@ -37,12 +39,14 @@
 #include "platform/qt/QtApplicationPresence.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtOpenPanel.h"
+#include "platform/qt/QtPause.h"
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtStatusBar.h"
 #include "platform/qt/QtTimer.h"
 #include "quickcreate/DesktopCreationController.h"
 #include "settings/AppSettings.h"
 #include "shell/AppPresenceController.h"
+#include "shell/AppUninstaller.h"
 #include "shell/BlankwellSelfUpdater.h"
 #include "updates/StandardUpdaters.h"
 #include "widgets/Theme.h"
@@ -83,6 +87,7 @@ public:
 private:
     [[nodiscard]] FileSystem& writableFiles();
     void keepInstallation();
+    void removeRegistrations(const FileUrl& programFolder);
     void keepReachable();
     void endUnlessReachable();
     void relaunch();
@@ -131,7 +136,11 @@ private:
     ThreadedWork background_;
     StandardUpdaters updaters_;
     BlankwellSelfUpdater selfUpdater_{bundle_, updaters_, mainQueue_};
-    NoUninstall uninstaller_{alert_};
+    SessionFileManagers fileManagers_;
+    LinuxTrash trash_{mainQueue_};
+    LinuxInstallationTraces traces_;
+    QtPause pause_;
+    AppUninstaller uninstaller_;
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;

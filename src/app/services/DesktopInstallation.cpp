@@ -20,22 +20,6 @@ std::optional<std::string> absolutePath(const Environment& environment, const ch
     return path && path->starts_with('/') ? path : std::nullopt;
 }
 
-/// Where the programs of this session look for what extends them: unlike the settings, that follows
-/// the home of the session and not of the account.
-UserPlaces placesOf(const Environment& environment, const Account& account) {
-    const auto home =
-        FileUrl(absolutePath(environment, "HOME").value_or(homeFolder(account).path()))
-            .standardized();
-    const auto dataHome = absolutePath(environment, "XDG_DATA_HOME");
-    return {
-        .home = home,
-        .dataHome = dataHome ? FileUrl(*dataHome).standardized() : home.appending(".local/share"),
-        .configHome =
-            FileUrl(preferencesDirectory(environment.variable("XDG_CONFIG_HOME"), home.path()))
-                .standardized(),
-    };
-}
-
 FileUrl usualThunarActions(const Environment& environment) {
     std::string folders = environment.variable("XDG_CONFIG_DIRS").value_or("") + ":/etc/xdg";
     for (std::string_view rest = folders;;) {
@@ -67,9 +51,23 @@ DesktopTemplates templatesOf(const FileUrl& programFolder) {
 
 } // namespace
 
+UserPlaces userPlaces(const Environment& environment, const Account& account) {
+    const auto home =
+        FileUrl(absolutePath(environment, "HOME").value_or(homeFolder(account).path()))
+            .standardized();
+    const auto dataHome = absolutePath(environment, "XDG_DATA_HOME");
+    return {
+        .home = home,
+        .dataHome = dataHome ? FileUrl(*dataHome).standardized() : home.appending(".local/share"),
+        .configHome =
+            FileUrl(preferencesDirectory(environment.variable("XDG_CONFIG_HOME"), home.path()))
+                .standardized(),
+    };
+}
+
 DesktopInstallation::DesktopInstallation(const FileUrl& programFolder, const Services& services)
     : DesktopInstallation(programFolder, services,
-                          placesOf(services.environment, services.account)) {}
+                          userPlaces(services.environment, services.account)) {}
 
 DesktopInstallation::DesktopInstallation(const FileUrl& programFolder, const Services& services,
                                          const UserPlaces& places)

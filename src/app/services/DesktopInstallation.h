@@ -11,6 +11,10 @@ class Account;
 class Environment;
 class PreferenceDomains;
 
+/// Where the programs of this session look for what extends them: unlike the settings, that follows
+/// the home of the session and not of the account.
+[[nodiscard]] UserPlaces userPlaces(const Environment& environment, const Account& account);
+
 /// The installation on the adapters of a Linux desktop.
 class DesktopInstallation {
 public:
