@@ -1,13 +1,12 @@
 #pragma once
 
+#include "platform/FileManager.h"
+
 #include <array>
 #include <optional>
 #include <string_view>
 
 namespace blankwell {
-
-/// The file managers whose menus can be extended.
-enum class FileManager { nautilus, dolphin, thunar, nemo, caja, pcmanfmQt };
 
 inline constexpr std::array allFileManagers{
     FileManager::nautilus, FileManager::dolphin, FileManager::thunar,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Observers.h"
-#include "platform/Installation.h"
+#include "platform/InstallationForm.h"
 #include "platform/Log.h"
 #include "platform/UpdaterController.h"
 #include "updates/UpdateChoice.h"
@@ -34,7 +34,7 @@ public:
     /// All must outlive the updater, which the user interface must not share with another.
     struct Services {
         const Bundle& bundle;
-        Installation installation;
+        InstallationForm installation;
         /// The system's version, which updates can demand; empty where it is not known.
         std::string systemVersion;
         UserDefaults& defaults;

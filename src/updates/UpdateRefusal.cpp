@@ -13,18 +13,18 @@ std::optional<UpdateFailure> wrongBundle(const char* description) {
 
 } // namespace
 
-std::optional<std::string> updaterElsewhere(Installation installation) {
+std::optional<std::string> updaterElsewhere(InstallationForm installation) {
     switch (installation) {
-    case Installation::ownBundle:
+    case InstallationForm::ownBundle:
         return std::nullopt;
-    case Installation::foreignBundle:
+    case InstallationForm::foreignBundle:
         return "You may not replace this copy of Blankwell+. Whoever installed it can update it.";
-    case Installation::package:
+    case InstallationForm::package:
         return "This copy of Blankwell+ came with the system's packages, and is updated with them.";
-    case Installation::sandbox:
+    case InstallationForm::sandbox:
         return "This copy of Blankwell+ runs in a sandbox. The software center that installed it "
                "also updates it.";
-    case Installation::looseProgram:
+    case InstallationForm::looseProgram:
         return "This copy of Blankwell+ is not an installed application, so there is nothing to "
                "replace. Whoever built it can update it.";
     }

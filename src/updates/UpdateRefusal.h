@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Installation.h"
+#include "platform/InstallationForm.h"
 #include "platform/UpdateFailure.h"
 
 #include <optional>
@@ -13,7 +13,7 @@ class Bundle;
 
 /// Who updates an installation of this kind, in a sentence for the user; nothing where it updates
 /// itself.
-[[nodiscard]] std::optional<std::string> updaterElsewhere(Installation installation);
+[[nodiscard]] std::optional<std::string> updaterElsewhere(InstallationForm installation);
 
 /// Why `update`, which was announced as the version `announced`, must not take the place of
 /// `running`; nothing where it may. It has to be the same program with the same key, in the version

@@ -86,7 +86,7 @@ struct StandardUpdaterTest : testing::Test {
     }
 
     FakeBundle bundle;
-    Installation installation = Installation::ownBundle;
+    InstallationForm installation = InstallationForm::ownBundle;
     FakeUserDefaults defaults;
     FakeUpdateTransfers transfers;
     FakeUpdateInstaller installer;
@@ -282,8 +282,8 @@ TEST_F(StandardUpdaterTest, AnArchiveThatIsTooLargeIsNotFetched) {
 
 TEST_F(StandardUpdaterTest, AnInstallationThatIsUpdatedElsewhereSaysSoAndAsksNobody) {
     defaults.values["SUEnableAutomaticChecks"] = true;
-    for (const auto kind : {Installation::foreignBundle, Installation::package,
-                            Installation::sandbox, Installation::looseProgram}) {
+    for (const auto kind : {InstallationForm::foreignBundle, InstallationForm::package,
+                            InstallationForm::sandbox, InstallationForm::looseProgram}) {
         installation = kind;
         find();
         EXPECT_NE(shown<UpdatedElsewhere>().description, "");

@@ -250,7 +250,7 @@ void Program::relaunch() {
 
 /// What an update replaced before this start.
 void Program::removeOldBundles() {
-    if (installationOf(bundleUse_.bundle(), environment_) == Installation::ownBundle) {
+    if (installationOf(bundleUse_.bundle(), environment_) == InstallationForm::ownBundle) {
         sweep_ = background_.run([bundle = bundleUse_.bundle()](const std::stop_token&) {
             StagingFolder::sweep(bundle);
         });

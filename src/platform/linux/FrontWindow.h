@@ -1,14 +1,12 @@
 #pragma once
 
+#include "platform/FileManager.h"
 #include "platform/linux/DesktopWindow.h"
 
 #include <optional>
 #include <vector>
 
 namespace blankwell {
-
-/// The file managers whose windows are recognised.
-enum class FileManager { nautilus, dolphin, thunar, nemo, caja, pcmanfmQt };
 
 /// A file manager's window.
 struct FileManagerWindow {

@@ -48,17 +48,17 @@ FileUrl bundleOfPrograms(const FileUrl& programFolder) {
     return programFolder.deletingLastPathComponent().deletingLastPathComponent();
 }
 
-Installation installationOf(const FileUrl& bundle, const Environment& environment) {
+InstallationForm installationOf(const FileUrl& bundle, const Environment& environment) {
     if (isSandboxed(environment)) {
-        return Installation::sandbox;
+        return InstallationForm::sandbox;
     }
     if (isPackaged(bundle)) {
-        return Installation::package;
+        return InstallationForm::package;
     }
     if (!isBundle(bundle)) {
-        return Installation::looseProgram;
+        return InstallationForm::looseProgram;
     }
-    return isReplaceable(bundle) ? Installation::ownBundle : Installation::foreignBundle;
+    return isReplaceable(bundle) ? InstallationForm::ownBundle : InstallationForm::foreignBundle;
 }
 
 std::string runningSystemVersion() {

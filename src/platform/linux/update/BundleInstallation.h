@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/FileUrl.h"
-#include "platform/Installation.h"
+#include "platform/InstallationForm.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@ class Environment;
 
 /// How the program that runs from `bundle` came here: by the sandbox's mark, the folders that
 /// belong to the system's packages, the form of a bundle, and the user's right to exchange it.
-[[nodiscard]] Installation installationOf(const FileUrl& bundle, const Environment& environment);
+[[nodiscard]] InstallationForm installationOf(const FileUrl& bundle, const Environment& environment);
 
 /// The running kernel's version, as updates can demand it; empty where it is not known.
 [[nodiscard]] std::string runningSystemVersion();

@@ -22,13 +22,13 @@ TEST_F(BundleInstallationTest, TheBundleHoldsTheFolderOfPrograms) {
 }
 
 TEST_F(BundleInstallationTest, ABundleOfTheUsersOwnIsReplaceable) {
-    EXPECT_EQ(installationOf(bundle, environment), Installation::ownBundle);
+    EXPECT_EQ(installationOf(bundle, environment), InstallationForm::ownBundle);
 }
 
 TEST_F(BundleInstallationTest, ABundleOfSomebodyElseIsNot) {
     std::filesystem::permissions(folder.url().path(), std::filesystem::perms::all);
     withoutPrivilege(
-        [&] { EXPECT_EQ(installationOf(bundle, environment), Installation::foreignBundle); });
+        [&] { EXPECT_EQ(installationOf(bundle, environment), InstallationForm::foreignBundle); });
 }
 
 TEST_F(BundleInstallationTest, ABundleInAFolderThatCannotBeWrittenIsNotReplaceable) {
@@ -36,27 +36,27 @@ TEST_F(BundleInstallationTest, ABundleInAFolderThatCannotBeWrittenIsNotReplaceab
     ASSERT_EQ(::chown(bundle.path().c_str(), 65534, 65534), 0);
     std::filesystem::permissions(folder.url().path(), std::filesystem::perms(0755));
     withoutPrivilege(
-        [&] { EXPECT_EQ(installationOf(bundle, environment), Installation::foreignBundle); });
+        [&] { EXPECT_EQ(installationOf(bundle, environment), InstallationForm::foreignBundle); });
     std::filesystem::permissions(folder.url().path(), std::filesystem::perms(0777));
     withoutPrivilege(
-        [&] { EXPECT_EQ(installationOf(bundle, environment), Installation::ownBundle); });
+        [&] { EXPECT_EQ(installationOf(bundle, environment), InstallationForm::ownBundle); });
 }
 
 TEST_F(BundleInstallationTest, PackagesBelongToTheSystem) {
     EXPECT_EQ(installationOf(FileUrl("/usr/lib/Blankwell+.app"), environment),
-              Installation::package);
+              InstallationForm::package);
 }
 
 TEST_F(BundleInstallationTest, ASandboxIsOneWhateverItHolds) {
     environment.variables["APP_SANDBOX_CONTAINER_ID"] = "app";
-    EXPECT_EQ(installationOf(bundle, environment), Installation::sandbox);
+    EXPECT_EQ(installationOf(bundle, environment), InstallationForm::sandbox);
 }
 
 TEST_F(BundleInstallationTest, WithoutAnInfoPlistOrTheNameOfABundleItIsNone) {
     EXPECT_EQ(installationOf(folder.addFolder("Other.app"), environment),
-              Installation::looseProgram);
+              InstallationForm::looseProgram);
     folder.addFile("build/Contents/Info.plist");
-    EXPECT_EQ(installationOf(folder.at("build"), environment), Installation::looseProgram);
+    EXPECT_EQ(installationOf(folder.at("build"), environment), InstallationForm::looseProgram);
 }
 
 TEST_F(BundleInstallationTest, TheSystemHasAVersion) {

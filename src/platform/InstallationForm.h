@@ -3,7 +3,7 @@
 namespace blankwell {
 
 /// How the running program came here, as far as it matters to who may replace it.
-enum class Installation {
+enum class InstallationForm {
     /// A bundle that the user may replace.
     ownBundle,
     /// A bundle that the user may not replace.
