@@ -62,6 +62,7 @@ std::set<std::string> dottedNamesInSources() {
             }
         }
     }
+    names.erase("mimeapps.list"); // a file
     return names;
 }
 
