@@ -129,7 +129,7 @@ PushButton& buttonOf(const QWidget& view, const QString& title) {
 void turnPage(benchmark::State& state) {
     Stage stage(ColorScheme::light);
     stage.desktop.set({.scheme = ColorScheme::light});
-    OnboardingView sheet(stage.theme, stage.settings);
+    OnboardingView sheet(stage.theme, stage.settings, nullptr);
     sheet.resize(770, 600);
     sheet.show();
     if (!QTest::qWaitForWindowExposed(&sheet)) {

@@ -21,7 +21,7 @@ std::optional<std::string> absolutePath(const Environment& environment, const ch
 }
 
 FileUrl usualThunarActions(const Environment& environment) {
-    std::string folders = environment.variable("XDG_CONFIG_DIRS").value_or("") + ":/etc/xdg";
+    const auto folders = environment.variable("XDG_CONFIG_DIRS").value_or("") + ":/etc/xdg";
     for (std::string_view rest = folders;;) {
         const auto end = rest.find(':');
         auto file = FileUrl(std::string(rest.substr(0, end))).appending("Thunar/uca.xml");

@@ -30,8 +30,8 @@ bool isPlainName(std::string_view name) {
 /// What has the programs in "Contents/Linux"; nothing where they stand elsewhere.
 std::optional<FileUrl> enclosing(const FileUrl& programFolder) {
     const auto contents = programFolder.deletingLastPathComponent();
-    const bool isInside = programFolder.lastPathComponent() == "Linux" &&
-                          contents.lastPathComponent() == "Contents";
+    const bool isInside =
+        programFolder.lastPathComponent() == "Linux" && contents.lastPathComponent() == "Contents";
     return isInside ? std::optional(contents.deletingLastPathComponent()) : std::nullopt;
 }
 

@@ -8,10 +8,10 @@
 
 #include <fcntl.h>
 #include <fmt/core.h>
-#include <stdio.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <system_error>

@@ -274,9 +274,14 @@ void addRecords(Records& records, const Registration& registration,
 /// Whether `record`, of something that was made along with others, goes with one of `wanted`.
 bool isStillNeeded(const RegistrationRecord& record, const Records& wanted) {
     return std::ranges::any_of(wanted, [&](const RegistrationRecord& other) {
-        return record.kind == Kind::madeFile     ? other.url == record.url
-               : record.kind == Kind::madeFolder ? covers(record.url, other.url)
-                                                 : false;
+        switch (record.kind) {
+        case Kind::madeFile:
+            return other.url == record.url;
+        case Kind::madeFolder:
+            return covers(record.url, other.url);
+        default:
+            return false;
+        }
     });
 }
 

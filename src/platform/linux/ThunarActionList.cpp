@@ -85,8 +85,9 @@ void appendActions(pugi::xml_node list, std::span<const CustomAction> actions) {
     while (isBlank(last)) {
         last = last.previous_sibling();
     }
-    auto node = last ? list.insert_child_after(pugi::node_pcdata, last)
-                     : list.prepend_child(pugi::node_pcdata);
+    const bool isEmpty = last.empty();
+    auto node = isEmpty ? list.prepend_child(pugi::node_pcdata)
+                        : list.insert_child_after(pugi::node_pcdata, last);
     node.set_value(text.c_str());
 }
 

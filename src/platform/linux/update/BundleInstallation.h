@@ -14,7 +14,8 @@ class Environment;
 
 /// How the program that runs from `bundle` came here: by the sandbox's mark, the folders that
 /// belong to the system's packages, the form of a bundle, and the user's right to exchange it.
-[[nodiscard]] InstallationForm installationOf(const FileUrl& bundle, const Environment& environment);
+[[nodiscard]] InstallationForm installationOf(const FileUrl& bundle,
+                                              const Environment& environment);
 
 /// The running kernel's version, as updates can demand it; empty where it is not known.
 [[nodiscard]] std::string runningSystemVersion();
