@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPixmap>
 
 #include <algorithm>
@@ -45,7 +46,7 @@ public:
     /// Types a letter, or takes the last one back, until the panel is painted anew.
     void type(Qt::Key key, const QString& text) {
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QApplication::sendEvent(view_.focusProxy()->focusProxy(), &press);
+        QApplication::sendEvent(view_.findChild<QLineEdit*>(), &press);
         settle();
     }
 

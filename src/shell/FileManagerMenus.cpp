@@ -43,6 +43,7 @@ FileManagerMenus::FileManagerMenus(const Services& services, FileManagerPlaces p
 std::vector<FileManagerMenuState> FileManagerMenus::states() const {
     const auto groups = services_.registrations.groups();
     std::vector<FileManagerMenuState> states;
+    states.reserve(allFileManagers.size());
     for (const auto manager : allFileManagers) {
         states.push_back({
             .manager = manager,
