@@ -136,6 +136,8 @@ def press_keys(*keys):
 class ApplicationTestCase(unittest.TestCase):
     """The real application, started anew for each test with nothing stored."""
 
+    program = APPLICATION
+
     def setUp(self):
         self.domain = HOME / ".config/BLNKWLPLUS.app.blankwell.BlankwellPlus.plist"
         self.domain.unlink(missing_ok=True)
@@ -147,7 +149,7 @@ class ApplicationTestCase(unittest.TestCase):
 
     def start(self, *arguments):
         environment = {**os.environ, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
-        self.process = subprocess.Popen([APPLICATION, *arguments], env=environment)
+        self.process = subprocess.Popen([self.program, *arguments], env=environment)
         self.addCleanup(self.stop)
 
     def stop(self):

@@ -212,6 +212,7 @@ void Program::keepInstallation() {
 }
 
 void Program::removeRegistrations(const FileUrl& programFolder) {
+    settingsWatch_.end(); // settings that go are not read again, which would write some of them
     XdgAutostart(FileUrl(preferences_), bundleIdentifier, programFolder.appending("blankwell-plus"))
         .forget();
     if (!installation_) {

@@ -24,4 +24,9 @@ SettingsWatch::SettingsWatch(std::string_view directory, std::string_view name,
 
 SettingsWatch::~SettingsWatch() = default;
 
+void SettingsWatch::end() {
+    notifier_.reset();
+    watch_.reset();
+}
+
 } // namespace blankwell

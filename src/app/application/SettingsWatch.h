@@ -22,6 +22,9 @@ public:
                   Log& log);
     ~SettingsWatch();
 
+    /// Hears of no further change.
+    void end();
+
 private:
     std::optional<PreferenceDomainWatch> watch_;
     std::unique_ptr<QSocketNotifier> notifier_;
