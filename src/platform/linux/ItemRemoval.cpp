@@ -36,6 +36,9 @@ ItemRemoval::ItemRemoval(const std::string& path) : folder_(::open(path.c_str(),
 
 std::vector<std::string> ItemRemoval::names() const {
     FileDescriptor own(::openat(folder_.get(), ".", readFolder));
+    if (own.get() < 0) {
+        return {};
+    }
     const std::unique_ptr<DIR, CloseFolder> listing(::fdopendir(own.get()));
     if (!listing) {
         return {};
