@@ -6,6 +6,7 @@
 #include <fmt/core.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace blankwell {
@@ -182,12 +183,9 @@ Registrations cajaFiles(const CreateFileMenu& menu, const FileManagerPlaces& pla
     return files;
 }
 
-Registrations nautilusFiles(const CreateFileMenu& menu, const FileManagerPlaces& places) {
-    std::string types;
-    for (const auto& type : typesOf(menu)) {
-        types += fmt::format("    (\"{}\", \"{}\"),\n", type.id, type.displayName);
-    }
-    auto text = mark() + fmt::format(R"(import subprocess
+/// The module that Nautilus' Python loader runs. Takes the program, the types, the identifier of
+/// the menu, its title, and the identifier of its entries.
+constexpr std::string_view nautilusExtension = R"(import subprocess
 
 from gi.repository import GObject, Nautilus
 
@@ -222,12 +220,18 @@ class BlankwellPlusMenu(GObject.GObject, Nautilus.MenuProvider):
     def get_file_items(self, *arguments):
         files = arguments[-1]
         return menu("folder", files[0]) if len(files) == 1 else ()
-)",
-                                     pythonBytes(places.program.path()), types, bundleIdentifier,
-                                     createFileMenuTitle, bundleIdentifier);
+)";
+
+Registrations nautilusFiles(const CreateFileMenu& menu, const FileManagerPlaces& places) {
+    std::string types;
+    for (const auto& type : typesOf(menu)) {
+        types += fmt::format("    (\"{}\", \"{}\"),\n", type.id, type.displayName);
+    }
     return {RegisteredFile{
         .url = places.dataHome.appending("nautilus-python/extensions/blankwell_plus.py"),
-        .contents = std::move(text),
+        .contents =
+            mark() + fmt::format(nautilusExtension, pythonBytes(places.program.path()), types,
+                                 bundleIdentifier, createFileMenuTitle, bundleIdentifier),
     }};
 }
 
