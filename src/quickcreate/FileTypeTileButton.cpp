@@ -8,10 +8,9 @@
 #include "widgets/QtStrings.h"
 #include "widgets/Symbols.h"
 #include "widgets/Theme.h"
-#include "widgets/Typography.h"
 
-#include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -24,16 +23,20 @@ using metrics::tileSymbolSquare;
 
 constexpr int textGap = 10;
 
-int textHeight() {
-    return QFontMetrics(fontOf(TextStyle::calloutMedium)).height() +
-           QFontMetrics(fontOf(TextStyle::caption)).height();
+/// The square with the symbol of the type, in a tile of `height`.
+QRect symbolSquare(int height) {
+    return {tilePadding, (height - tileSymbolSquare) / 2, tileSymbolSquare, tileSymbolSquare};
 }
 
 } // namespace
 
 FileTypeTileButton::FileTypeTileButton(const Theme& theme, FileTypeDefinition type,
                                        std::function<void()> action, QWidget* parent)
-    : QPushButton(parent), theme_(theme), type_(std::move(type)) {
+    : QPushButton(parent),
+      theme_(theme),
+      type_(std::move(type)),
+      name_(qString(type_.displayName), TextStyle::calloutMedium),
+      extension_("." + qString(type_.fileExtension), TextStyle::caption) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
@@ -42,7 +45,8 @@ FileTypeTileButton::FileTypeTileButton(const Theme& theme, FileTypeDefinition ty
 }
 
 QSize FileTypeTileButton::sizeHint() const {
-    return {165, std::max(tileSymbolSquare, textHeight()) + 2 * tilePadding};
+    return {165,
+            std::max(tileSymbolSquare, name_.height() + extension_.height()) + 2 * tilePadding};
 }
 
 QSize FileTypeTileButton::minimumSizeHint() const {
@@ -55,42 +59,39 @@ void FileTypeTileButton::drawGround(QPainter& painter) const {
                                 : theme_.color(ColorRole::controlBackground, 0.78);
     const auto outline = isHovered ? theme_.color(ColorRole::accent, 0.42)
                                    : theme_.color(ColorRole::separator, 0.45);
-    drawShape(painter, rect(), {.radius = metrics::tileRadius, .fill = fill, .outline = outline});
+    drawRepeatedShape(painter, rect(),
+                      {.radius = metrics::tileRadius, .fill = fill, .outline = outline});
     if (showsFocus(*this)) {
         drawFocusOutline(painter, rect(), metrics::tileRadius, theme_.color(ColorRole::accent));
     }
 }
 
-void FileTypeTileButton::drawContent(QPainter& painter) const {
-    const QRectF square(tilePadding, (height() - tileSymbolSquare) / 2.0, tileSymbolSquare,
-                        tileSymbolSquare);
-    drawShape(painter, mirrored(square, *this),
-              {.radius = metrics::tileSymbolRadius, .fill = theme_.color(ColorRole::accent, 0.12)});
+void FileTypeTileButton::drawSquare(QPainter& painter) const {
+    const auto square = QStyle::visualRect(layoutDirection(), rect(), symbolSquare(height()));
+    drawRepeatedShape(
+        painter, square,
+        {.radius = metrics::tileSymbolRadius, .fill = theme_.color(ColorRole::accent, 0.12)});
     const int margin = (tileSymbolSquare - metrics::smallSymbolSize) / 2;
-    drawSymbol(painter, type_.sfSymbolName,
-               mirrored(square, *this).adjusted(margin, margin, -margin, -margin),
+    drawSymbol(painter, type_.sfSymbolName, square.adjusted(margin, margin, -margin, -margin),
                theme_.color(ColorRole::accent));
+}
 
-    const double left = square.right() + textGap;
-    QRectF line(left, (height() - textHeight()) / 2.0, width() - tilePadding - left, 0);
-    const auto write = [&](TextStyle style, ColorRole color, const QString& text) {
-        const auto font = fontOf(style);
-        const QFontMetrics metrics(font);
-        line.setHeight(metrics.height());
-        painter.setFont(font);
-        painter.setPen(theme_.color(color));
-        drawLine(painter, mirrored(line, *this), Qt::AlignLeading,
-                 metrics.elidedText(text, Qt::ElideRight, static_cast<int>(line.width())), *this);
-        line.moveTop(line.bottom());
-    };
-    write(TextStyle::calloutMedium, ColorRole::label, qString(type_.displayName));
-    write(TextStyle::caption, ColorRole::secondaryLabel, "." + qString(type_.fileExtension));
+void FileTypeTileButton::drawTexts(QPainter& painter) {
+    const double left = QRectF(symbolSquare(height())).right() + textGap;
+    const double top = (height() - name_.height() - extension_.height()) / 2.0;
+    QRectF line(left, top, width() - tilePadding - left, name_.height());
+    painter.setPen(theme_.color(ColorRole::label));
+    name_.draw(painter, mirrored(line, *this), *this);
+    line = {left, line.bottom(), line.width(), double(extension_.height())};
+    painter.setPen(theme_.color(ColorRole::secondaryLabel));
+    extension_.draw(painter, mirrored(line, *this), *this);
 }
 
 void FileTypeTileButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawGround(painter);
-    drawContent(painter);
+    drawSquare(painter);
+    drawTexts(painter);
 }
 
 void FileTypeTileButton::keyPressEvent(QKeyEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "filetypes/FileTypeDefinition.h"
+#include "widgets/TextLine.h"
 
 #include <QPushButton>
 
@@ -33,10 +34,13 @@ protected:
 
 private:
     void drawGround(QPainter& painter) const;
-    void drawContent(QPainter& painter) const;
+    void drawSquare(QPainter& painter) const;
+    void drawTexts(QPainter& painter);
 
     const Theme& theme_;
     FileTypeDefinition type_;
+    TextLine name_;
+    TextLine extension_;
 };
 
 } // namespace blankwell

@@ -1,6 +1,11 @@
 #include "widgets/Painting.h"
 
+#include "widgets/QtStrings.h"
+
+#include <fmt/core.h>
+
 #include <QPainter>
+#include <QPixmapCache>
 #include <QStyle>
 #include <QTextOption>
 #include <QWidget>
@@ -17,6 +22,23 @@ void drawShape(QPainter& painter, const QRectF& rect, const Shape& shape) {
     painter.setPen(isOutlined ? QPen(shape.outline, shape.outlineWidth) : QPen(Qt::NoPen));
     const auto radius = std::max(shape.radius - inset, 0.0);
     painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+
+void drawRepeatedShape(QPainter& painter, const QRect& rect, const Shape& shape) {
+    const auto ratio = painter.device()->devicePixelRatioF();
+    const auto key = qString(fmt::format("shape {} {} {} {} {} {:x} {:x}", rect.width(),
+                                         rect.height(), ratio, shape.radius, shape.outlineWidth,
+                                         shape.fill.rgba(), shape.outline.rgba()));
+    QPixmap image;
+    if (!QPixmapCache::find(key, &image)) {
+        image = QPixmap((QSizeF(rect.size()) * ratio).toSize());
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        QPainter imagePainter(&image);
+        drawShape(imagePainter, QRectF(QPointF(), rect.size()), shape);
+        QPixmapCache::insert(key, image);
+    }
+    painter.drawPixmap(rect.topLeft(), image);
 }
 
 void drawFocusOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color) {

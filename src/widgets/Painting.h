@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QRect>
 #include <QRectF>
 #include <Qt>
 
@@ -20,6 +21,10 @@ struct Shape {
 
 /// Draws `shape` over `rect`, smoothly.
 void drawShape(QPainter& painter, const QRectF& rect, const Shape& shape);
+
+/// Draws `shape` over `rect`, which begins on a whole pixel, as `drawShape` does. Its picture is
+/// kept for the next time: for shapes of one look that are drawn many times over.
+void drawRepeatedShape(QPainter& painter, const QRect& rect, const Shape& shape);
 
 /// Draws the outline that shows where the keyboard is, inside of `rect`.
 void drawFocusOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color);
