@@ -6,6 +6,7 @@
 #include "platform/qt/X11WindowHints.h"
 
 #include <QAccessibleWidget>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -137,6 +138,9 @@ void QtQuickCreatePanelWindow::setFrame(const Rect& frame) {
 
 void QtQuickCreatePanelWindow::makeKeyAndOrderFront() {
     application_.bringToFront(*window_);
+    // Each widget asks for its painting once it is shown. Asked now, while nothing of the window is
+    // on the screen, all of them are painted together and not a second time.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     content_->setFocus(Qt::ActiveWindowFocusReason);
 }
 
