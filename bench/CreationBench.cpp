@@ -63,7 +63,7 @@ private:
     UserDatabaseAccount account_{environment_};
     XdgWellKnownFolders folders_{std::nullopt};
     StandardErrorLog log_;
-    IcuTextOrder order_ = *IcuTextOrder::forLocale("en");
+    IcuTextOrder order_{"en"};
     XdgPreferenceDomains domains_{config_.path(), bundleIdentifier};
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};

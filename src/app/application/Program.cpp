@@ -35,9 +35,8 @@ std::unique_ptr<DesktopInstallation> makeInstallation(const FileUrl& programFold
 
 } // namespace
 
-Program::Program(const FileUrl& programFolder, IcuTextOrder order)
+Program::Program(const FileUrl& programFolder)
     : log_(makeLog()),
-      order_(std::move(order)),
       preferences_(preferencesDirectory(environment_.variable("XDG_CONFIG_HOME"),
                                         homeFolder(account_).path())),
       domains_(preferences_, bundleIdentifier),

@@ -62,8 +62,8 @@ struct Invocation;
 /// The application as a whole: the core on the adapters of a desktop program.
 class Program {
 public:
-    /// `programFolder` is where the program stands. `order` is the order of texts.
-    Program(const FileUrl& programFolder, IcuTextOrder order);
+    /// `programFolder` is where the program stands.
+    explicit Program(const FileUrl& programFolder);
 
     /// What other programs ask of this one goes here.
     [[nodiscard]] ApplicationRequests& requests() { return remoteRequests_; }
@@ -99,7 +99,7 @@ private:
     UserDatabaseAccount account_{environment_};
     XdgWellKnownFolders folders_{std::nullopt};
     std::unique_ptr<Log> log_;
-    IcuTextOrder order_;
+    IcuTextOrder order_{collationLocale(environment_)};
     FileManagerWorkspace workspace_{*log_};
     std::string preferences_;
     XdgPreferenceDomains domains_;

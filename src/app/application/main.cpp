@@ -68,15 +68,11 @@ int runFirst(SessionInstance& instance, const Invocation& invocation,
     if (!folder) {
         return fail(folder.error().description);
     }
-    auto order = IcuTextOrder::forLocale(collationLocale(ProcessEnvironment{}));
-    if (!order) {
-        return fail(order.error().description);
-    }
     const auto termination = TerminationSignals::take();
     if (!termination) {
         return fail(termination.error().description);
     }
-    Program program(*folder, *std::move(order));
+    Program program(*folder);
     QSocketNotifier ending(termination->descriptor(), QSocketNotifier::Read);
     QObject::connect(&ending, &QSocketNotifier::activated, [&] {
         ending.setEnabled(false);

@@ -7,28 +7,14 @@
 #include "platform/linux/UnavailableLoginItem.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace blankwell::cli {
-namespace {
-
-std::unique_ptr<TextOrder> makeTextOrder(ModuleLoader& loader) {
-    auto order = loader.services().makeTextOrder();
-    if (!order) {
-        std::fprintf(stderr, "blankwell: %s\n", order.error().description.c_str());
-        std::exit(Outcome::failed);
-    }
-    return *std::move(order);
-}
-
-} // namespace
+namespace {} // namespace
 
 Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
                  ConsoleLog::StandardError standardError)
     : loader_(programFolder),
       log_(loader_, standardError),
-      order_([this] { return makeTextOrder(loader_); }),
+      order_([this] { return loader_.services().makeTextOrder(); }),
       workspace_([this] { return loader_.services().makeWorkspace(log_); }),
       frontFolder_([this] {
           return loader_.services().makeFrontFolder(folders_, homeFolder(account_),

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "base/FileUrl.h"
-#include "platform/SystemError.h"
 
-#include <expected>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -31,9 +29,8 @@ class DesktopServices {
 public:
     virtual ~DesktopServices() = default;
 
-    /// The user's order of texts. Error: the rules of the order cannot be loaded.
-    [[nodiscard]] virtual std::expected<std::unique_ptr<TextOrder>, SystemError>
-    makeTextOrder() = 0;
+    /// The user's order of texts.
+    [[nodiscard]] virtual std::unique_ptr<TextOrder> makeTextOrder() = 0;
 
     [[nodiscard]] virtual std::unique_ptr<Log> makeJournal() = 0;
 

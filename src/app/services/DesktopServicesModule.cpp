@@ -15,12 +15,8 @@ namespace {
 
 class LinuxDesktopServices : public DesktopServices {
 public:
-    std::expected<std::unique_ptr<TextOrder>, SystemError> makeTextOrder() override {
-        auto order = IcuTextOrder::forLocale(collationLocale(ProcessEnvironment{}));
-        if (!order) {
-            return std::unexpected(std::move(order.error()));
-        }
-        return std::make_unique<IcuTextOrder>(*std::move(order));
+    std::unique_ptr<TextOrder> makeTextOrder() override {
+        return std::make_unique<IcuTextOrder>(collationLocale(ProcessEnvironment{}));
     }
 
     std::unique_ptr<Log> makeJournal() override {

@@ -2,7 +2,6 @@
 
 #include "platform/Environment.h"
 
-#include <fmt/core.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/ucol.h>
@@ -10,15 +9,12 @@
 #include <unicode/unistr.h>
 
 #include <array>
+#include <new>
 #include <utility>
 #include <vector>
 
 namespace blankwell {
 namespace {
-
-SystemError icuError(const std::string& what, UErrorCode status) {
-    return cocoaError(CocoaCode::fileReadUnknown, fmt::format("{}: {}", what, u_errorName(status)));
-}
 
 icu::UnicodeString utf16(std::string_view text) {
     return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
@@ -83,29 +79,10 @@ void IcuTextOrder::CloseCollator::operator()(UCollator* collator) const {
     ucol_close(collator);
 }
 
-IcuTextOrder::IcuTextOrder(Collator letters, Collator cases)
-    : letters_(std::move(letters)), cases_(std::move(cases)) {}
+IcuTextOrder::IcuTextOrder(std::string locale) : locale_(std::move(locale)) {}
 
-std::expected<IcuTextOrder, SystemError> IcuTextOrder::forLocale(const std::string& locale) {
-    auto letters = openCollator(locale);
-    auto cases = openCollator(locale);
-    if (!letters || !cases) {
-        return std::unexpected(letters ? cases.error() : letters.error());
-    }
-    UErrorCode status = U_ZERO_ERROR;
-    ucol_setAttribute(letters->get(), UCOL_STRENGTH, UCOL_SECONDARY, &status);
-    ucol_setAttribute(letters->get(), UCOL_CASE_LEVEL, UCOL_OFF, &status);
-    ucol_setAttribute(cases->get(), UCOL_STRENGTH, UCOL_TERTIARY, &status);
-    ucol_setAttribute(cases->get(), UCOL_CASE_LEVEL, UCOL_ON, &status);
-    ucol_setAttribute(cases->get(), UCOL_CASE_FIRST, UCOL_LOWER_FIRST, &status);
-    if (U_FAILURE(status) != 0) {
-        return std::unexpected(icuError("The order of texts could not be set up", status));
-    }
-    return IcuTextOrder(*std::move(letters), *std::move(cases));
-}
-
-std::expected<IcuTextOrder::Collator, SystemError>
-IcuTextOrder::openCollator(const std::string& locale) {
+/// Nothing, where ICU cannot order by `locale`.
+IcuTextOrder::Collator IcuTextOrder::openCollator(const std::string& locale) {
     UErrorCode status = U_ZERO_ERROR;
     std::array<char, ULOC_FULLNAME_CAPACITY> name{};
     uloc_canonicalize(locale.c_str(), name.data(), static_cast<std::int32_t>(name.size()), &status);
@@ -115,11 +92,30 @@ IcuTextOrder::openCollator(const std::string& locale) {
         ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
         ucol_setAttribute(collator.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
     }
-    if (U_FAILURE(status) != 0) {
-        return std::unexpected(icuError(
-            fmt::format("The order of texts of \"{}\" could not be loaded", locale), status));
+    return U_FAILURE(status) != 0 ? nullptr : std::move(collator);
+}
+
+IcuTextOrder::Collators IcuTextOrder::openCollators(const std::string& locale) {
+    Collators collators{.letters = openCollator(locale), .cases = openCollator(locale)};
+    if (!collators.letters || !collators.cases) {
+        return locale.empty() ? throw std::bad_alloc() : openCollators("");
     }
-    return collator;
+    UErrorCode status = U_ZERO_ERROR;
+    auto* const letters = collators.letters.get();
+    ucol_setAttribute(letters, UCOL_STRENGTH, UCOL_SECONDARY, &status);
+    ucol_setAttribute(letters, UCOL_CASE_LEVEL, UCOL_OFF, &status);
+    auto* const cases = collators.cases.get();
+    ucol_setAttribute(cases, UCOL_STRENGTH, UCOL_TERTIARY, &status);
+    ucol_setAttribute(cases, UCOL_CASE_LEVEL, UCOL_ON, &status);
+    ucol_setAttribute(cases, UCOL_CASE_FIRST, UCOL_LOWER_FIRST, &status);
+    return collators;
+}
+
+const IcuTextOrder::Collators& IcuTextOrder::collators() const {
+    if (!collators_) {
+        collators_ = openCollators(locale_);
+    }
+    return *collators_;
 }
 
 std::strong_ordering IcuTextOrder::standardCompare(std::string_view left,
@@ -127,15 +123,16 @@ std::strong_ordering IcuTextOrder::standardCompare(std::string_view left,
     if (left == right) {
         return std::strong_ordering::equal;
     }
+    const auto& [letters, cases] = collators();
     const auto leftText = utf16(left);
     const auto rightText = utf16(right);
-    if (const auto order = collate(letters_.get(), leftText, rightText); order != 0) {
+    if (const auto order = collate(letters.get(), leftText, rightText); order != 0) {
         return order;
     }
     if (const auto order = digitRuns(leftText) <=> digitRuns(rightText); order != 0) {
         return order;
     }
-    if (const auto order = collate(cases_.get(), leftText, rightText); order != 0) {
+    if (const auto order = collate(cases.get(), leftText, rightText); order != 0) {
         return order;
     }
     const auto order = static_cast<int>(leftText.compare(rightText)) <=> 0;

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/SystemError.h"
 #include "platform/TextOrder.h"
 
-#include <expected>
 #include <memory>
+#include <optional>
 #include <string>
 
 struct UCollator;
@@ -23,12 +22,13 @@ class Environment;
 /// Texts are ordered by their letters and accents first, punctuation included and runs of digits by
 /// value; then the shorter of two runs of the same value stands first; then lower case; and what is
 /// still alike, by UTF-16 code units and at last by bytes.
+///
+/// The rules of a language are loaded by the first comparison. One thread at a time.
 class IcuTextOrder : public TextOrder {
 public:
-    /// The order of `locale` (an ICU or POSIX name); of the root locale, where ICU has no rules of
-    /// its own for it. Error: ICU cannot load its data, or the name asks for an impossible order.
-    [[nodiscard]] static std::expected<IcuTextOrder, SystemError>
-    forLocale(const std::string& locale);
+    /// The order of `locale`, an ICU or POSIX name; the root locale's, where ICU has no rules of
+    /// its own for it or the name asks for an impossible order.
+    explicit IcuTextOrder(std::string locale);
 
     [[nodiscard]] std::strong_ordering standardCompare(std::string_view left,
                                                        std::string_view right) const override;
@@ -45,12 +45,17 @@ private:
 
     using Collator = std::unique_ptr<UCollator, CloseCollator>;
 
-    IcuTextOrder(Collator letters, Collator cases);
+    struct Collators {
+        Collator letters;
+        Collator cases;
+    };
 
-    static std::expected<Collator, SystemError> openCollator(const std::string& locale);
+    static Collator openCollator(const std::string& locale);
+    static Collators openCollators(const std::string& locale);
+    const Collators& collators() const;
 
-    Collator letters_;
-    Collator cases_;
+    std::string locale_;
+    mutable std::optional<Collators> collators_;
 };
 
 } // namespace blankwell
