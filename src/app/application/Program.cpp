@@ -191,7 +191,6 @@ void Program::start(const Invocation& invocation) {
     // Once there is nothing more urgent to do.
     QTimer::singleShot(0, [this] {
         creation_.prepareQuickCreatePanel();
-        windows_.prepareMainWindow();
         removeOldBundles();
         keepInstallation();
     });

@@ -8,8 +8,6 @@
 #include "views/HelpView.h"
 #include "views/MainWindowContent.h"
 
-#include <QPixmap>
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -40,14 +38,6 @@ void Windows::open(std::string_view id) {
 
 void Windows::openMainWindow() {
     open(mainWindowScene.id);
-}
-
-void Windows::prepareMainWindow() {
-    auto& window = mainWindow();
-    if (!window.isVisible()) {
-        window.winId(); // it exists before it is shown
-        window.grab();  // styles, fonts and symbols are loaded
-    }
 }
 
 SceneWindow& Windows::mainWindow() {

@@ -49,10 +49,6 @@ public:
 
     void openMainWindow();
 
-    /// Makes the main window ahead of its first use, so that showing it takes no longer then than
-    /// later.
-    void prepareMainWindow();
-
 private:
     [[nodiscard]] SceneWindow& mainWindow();
     [[nodiscard]] SceneWindow& helpWindow();

@@ -191,7 +191,6 @@ TEST_F(WindowsTest, TheExtensionCardShowsThePageOfTheApplication) {
 TEST_F(WindowsTest, AWindowGrowsToItsHeightTheFirstTimeItIsActiveAndNeverAgain) {
     desktop.set({.scheme = ColorScheme::light, .accent = std::nullopt, .reducesMotion = true});
     const auto visible = QGuiApplication::primaryScreen()->availableGeometry().height();
-    windows.prepareMainWindow();
     auto& window = openMain();
     const auto target = static_cast<int>(activationContentHeight(visible));
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.height() == target; }))
