@@ -124,7 +124,7 @@ Program::Program(const FileUrl& programFolder, IcuTextOrder order)
           .application = application_,
           .presence = presence_,
           .mainQueue = mainQueue_,
-          .pause = pause_,
+          .timer = timer_,
           .log = *log_,
       }),
       statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
