@@ -12,8 +12,10 @@ class Timer {
 public:
     virtual ~Timer() = default;
 
-    /// Calls `work` on the main thread once `delay` has passed, unless the subscription has ended.
-    virtual Subscription after(std::chrono::seconds delay,
+    /// Returns at once, and calls `work` once on the main thread when `delay` has passed, never
+    /// earlier, unless the subscription has ended. The work may end or replace its own
+    /// subscription. The timer must outlive it.
+    virtual Subscription after(std::chrono::milliseconds delay,
                                std::move_only_function<void()> work) = 0;
 };
 

@@ -8,7 +8,7 @@
 #include "platform/Identifiers.h"
 #include "platform/InstallationTraces.h"
 #include "platform/MainQueue.h"
-#include "platform/Pause.h"
+#include "platform/Timer.h"
 #include "quickcreate/DesktopCreationController.h"
 
 #include <fmt/core.h>
@@ -90,8 +90,8 @@ void AppUninstaller::waitForFileManagers(int pauses) {
     const bool areGone = std::ranges::all_of(
         quitting_, [](const auto& fileManager) { return fileManager->isTerminated(); });
     if (!areGone && pauses < mostPausesWhileQuitting) {
-        services_.pause.after(pauseWhileQuitting,
-                              [this, pauses] { waitForFileManagers(pauses + 1); });
+        pause_ = services_.timer.after(pauseWhileQuitting,
+                                       [this, pauses] { waitForFileManagers(pauses + 1); });
         return;
     }
     if (!areGone) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileUrl.h"
+#include "base/Subscription.h"
 #include "platform/FileManagers.h"
 #include "platform/Log.h"
 #include "platform/Trash.h"
@@ -23,7 +24,7 @@ class DesktopCreationController;
 class FileSystem;
 class InstallationTraces;
 class MainQueue;
-class Pause;
+class Timer;
 
 /// Moves the application to the Trash, with the file manager out of the way, and removes what it
 /// kept. Files that the user created are never touched.
@@ -44,7 +45,7 @@ public:
         Application& application;
         ApplicationPresence& presence;
         MainQueue& mainQueue;
-        Pause& pause;
+        Timer& timer;
         Log& log;
     };
 
@@ -77,6 +78,8 @@ private:
     Logger logger_;
     bool isUnderWay_ = false;
     std::vector<std::unique_ptr<RunningFileManager>> quitting_;
+    /// The pause until they are looked at again.
+    Subscription pause_;
     /// What the attempts so far failed with, a line for the user each.
     std::vector<std::string> failures_;
 };

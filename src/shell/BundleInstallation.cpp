@@ -90,7 +90,7 @@ void BundleInstallation::refreshMenus() {
 }
 
 bool BundleInstallation::isPackaged() const {
-    return running_.bundle && running_.bundle->path().starts_with("/usr/");
+    return running_.bundle && running_.form == InstallationForm::package;
 }
 
 bool BundleInstallation::isAnotherRegistered() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/InstallationForm.h"
 #include "platform/Log.h"
 #include "shell/ApplicationRegistrations.h"
 #include "shell/Installation.h"
@@ -35,6 +36,8 @@ public:
         FileUrl programFolder;
         /// The bundle that they are in; nothing in a build tree.
         std::optional<FileUrl> bundle;
+        /// How it came here.
+        InstallationForm form;
         DesktopTemplates templates;
     };
 

@@ -1,12 +1,16 @@
 #include "desktop/ApplicationFixture.h"
+#include "desktop/BusPeer.h"
 #include "desktop/Desktop.h"
+#include "desktop/PrivateBus.h"
 #include "desktop/ShownStatusItem.h"
 #include "desktop/TestKeyboard.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <systemd/sd-bus.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
@@ -42,15 +46,21 @@ bool isRunning() {
     return isOnBus(busName);
 }
 
+/// Notes the name of the error that a call is answered with; empty where there is none.
+int noteAnswer(sd_bus_message* answer, void* noted, sd_bus_error* /*error*/) {
+    const auto* const error = sd_bus_message_get_error(answer);
+    *static_cast<std::optional<std::string>*>(noted) = error == nullptr ? "" : error->name;
+    return 0;
+}
+
+constexpr std::uint32_t keyN = 45;
+constexpr std::uint32_t x11ControlOption = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
+
 using ApplicationTest = ApplicationFixture;
 
 /// Another program has the only hot key.
 struct ApplicationWithoutHotKeysTest : ApplicationFixture {
-    ApplicationWithoutHotKeysTest() {
-        EXPECT_TRUE(rival.grab(keyN, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1));
-    }
-
-    static constexpr std::uint32_t keyN = 45;
+    ApplicationWithoutHotKeysTest() { EXPECT_TRUE(rival.grab(keyN, x11ControlOption)); }
 
     RivalProgram rival;
 };
@@ -224,6 +234,36 @@ TEST_F(ApplicationTest, TheEndOfTheSessionEndsItInOrder) {
     EXPECT_EQ(application->terminate(), 0);
     application.reset();
     EXPECT_TRUE(windowIsGone("Create File"));
+}
+
+TEST_F(ApplicationTest, WhatComesInAfterTheEventLoopIsDoneOrNobodyHasIt) {
+    const PrivateBus bus;
+    BusPeer caller("app.blankwell.Caller", [](auto*) {});
+    const auto folder = makeFolder("late");
+    startInBackground();
+    EXPECT_EQ(statusOf("--action=quick-create"), "0");
+    ASSERT_TRUE(windowAppears("Create File"));
+
+    bus.hang();
+    std::optional<std::string> answer;
+    require(sd_bus_call_method_async(caller.bus(), nullptr, busName, "/app/blankwell/BlankwellPlus",
+                                     "org.freedesktop.Application", "Open", noteAnswer, &answer,
+                                     "asa{sv}", 1, requestUrl(folder, "md").c_str(), 0),
+            "no request");
+    require(sd_bus_flush(caller.bus()), "no request");
+    ::kill(application->process(), SIGTERM);
+    // The keys are given back after the last round of the event loop, and before the name.
+    RivalProgram rival;
+    ASSERT_TRUE(eventually([&] { return rival.grab(keyN, x11ControlOption); }));
+    bus.goOn();
+
+    ASSERT_TRUE(eventually([&] {
+        caller.process();
+        return answer.has_value();
+    }));
+    EXPECT_THAT(*answer, testing::AnyOf("", SD_BUS_ERROR_SERVICE_UNKNOWN));
+    EXPECT_EQ(application->exitStatus(), 0);
+    EXPECT_EQ(filesIn(folder), answer == "" ? 1 : 0);
 }
 
 TEST_F(ApplicationTest, WithHotKeysItOutlivesItsLastWindow) {

@@ -57,7 +57,7 @@ void makeSettings(std::string_view name, std::string_view contents) {
 
 std::vector<std::string> windowTitles() {
     std::vector<std::string> titles;
-    if (const auto stack = x11WindowStack()) {
+    if (const auto stack = x11WindowStack(Deadline(std::chrono::seconds(20)))) {
         std::ranges::transform(stack->windows, std::back_inserter(titles), &DesktopWindow::title);
     }
     return titles;

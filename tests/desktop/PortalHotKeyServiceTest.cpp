@@ -36,11 +36,17 @@ using Given = std::pair<std::uint32_t, std::string>;
 
 constexpr std::uint32_t keyN = 45;
 constexpr std::uint32_t keyM = 46;
+constexpr std::uint32_t keyB = 11;
 constexpr std::uint32_t controlOption = carbon::controlKey | carbon::optionKey;
 
 /// A service that an event loop serves, whose presses, gifts and losses are noted.
 struct Hearing {
-    Hearing() {
+    explicit Hearing(milliseconds patience = GlobalShortcutsPortal::patience)
+        : service(
+              [](const KeyCombination& combination) {
+                  return "Does " + std::to_string(combination.keyCode);
+              },
+              patience) {
         EXPECT_TRUE(service.installHandler([this](const HotKeyEvent& event) {
             pressed.push_back(event.hotKeyID().value().id);
             return noErr;
@@ -66,18 +72,17 @@ struct Hearing {
     }
 
     int absences = 0;
-    PortalHotKeyService service{[](const KeyCombination& combination) {
-        return "Does " + std::to_string(combination.keyCode);
-    }};
+    PortalHotKeyService service;
     std::vector<std::uint32_t> pressed;
     std::vector<Given> given;
     std::vector<Lost> lost;
 };
 
 struct PortalHotKeyServiceTest : testing::Test {
-    void start(Answer toVersion = Answer::give) {
+    void start(Answer toVersion = Answer::give,
+               milliseconds patience = GlobalShortcutsPortal::patience) {
         portal.emplace(toVersion);
-        ours = std::make_unique<Hearing>();
+        ours = std::make_unique<Hearing>(patience);
     }
 
     /// Serves both sides until `condition` holds.
@@ -100,6 +105,24 @@ struct PortalHotKeyServiceTest : testing::Test {
 
     bool isLost(std::size_t count) {
         return becomes([&] { return ours->lost.size() >= count; });
+    }
+
+    /// Lets our side alone go on, so that the portal has all of it before it answers.
+    void serveOurs() {
+        eventually(
+            [this] {
+                ours->serve();
+                return false;
+            },
+            milliseconds(50));
+    }
+
+    /// Lets all that is under way arrive, and waits for what `send` sends, which is not dealt with.
+    void leaveUnread(const std::function<void()>& send) {
+        settle();
+        send();
+        pollfd waiting{.fd = ours->service.descriptor(), .events = POLLIN, .revents = 0};
+        ASSERT_EQ(::poll(&waiting, 1, 10'000), 1);
     }
 
     /// Lets all that is under way arrive.
@@ -297,6 +320,10 @@ INSTANTIATE_TEST_SUITE_P(
                 hotKeyPortalErr},
         Failure{"ResponseWithoutASession", Answer::give, Answer::empty, Answer::give,
                 hotKeyPortalErr},
+        Failure{"SessionThatIsNoPath", Answer::give, Answer::garbled, Answer::give,
+                hotKeyPortalErr},
+        Failure{"TriggerThatIsNoText", Answer::give, Answer::give, Answer::garbled,
+                hotKeyPortalErr},
         Failure{"FailedBinding", Answer::give, Answer::give, Answer::fail, hotKeyPortalErr},
         Failure{"BindingThatIsAnError", Answer::give, Answer::give, Answer::error, hotKeyPortalErr},
         Failure{"NonsensicalBinding", Answer::give, Answer::give, Answer::malformed,
@@ -339,12 +366,27 @@ TEST_F(PortalHotKeyServiceTest, APortalThatVanishesWithoutAnAnswerIsALoss) {
     EXPECT_TRUE(isLost(1));
 }
 
-TEST_F(PortalHotKeyServiceTest, ASlowPortalIsWaitedForWithoutWaiting) {
-    start();
+TEST_F(PortalHotKeyServiceTest, APortalThatSaysNothingInTimeIsALoss) {
+    constexpr milliseconds patience(300);
+    start(Answer::hang, patience);
+    ASSERT_TRUE(ours->take(keyN, 1));
+    EXPECT_TRUE(isLost(1));
+    for (const auto toCreate : {Answer::hang, Answer::silence}) {
+        start(Answer::give, patience);
+        portal->toCreate = toCreate;
+        ASSERT_TRUE(ours->take(keyN, 1));
+        ASSERT_TRUE(isLost(1));
+        EXPECT_THAT(ours->lost, ElementsAre(Lost(1, hotKeyPortalGoneErr)));
+    }
+}
+
+TEST_F(PortalHotKeyServiceTest, AUserWhoTakesLongIsWaitedFor) {
+    constexpr milliseconds patience(3000);
+    start(Answer::give, patience);
     portal->toBind = Answer::silence;
     ASSERT_TRUE(ours->take(keyN, 1));
     ASSERT_TRUE(becomes([&] { return portal->bindings == 1; }));
-    settle();
+    becomes([] { return false; }, patience + milliseconds(300));
     EXPECT_THAT(ours->given, IsEmpty());
     EXPECT_THAT(ours->lost, IsEmpty());
     portal->respondToBind();
@@ -364,6 +406,130 @@ TEST_F(PortalHotKeyServiceTest, AnAnswerToWhatIsNoLongerWantedDoesNotCount) {
     settle();
     EXPECT_THAT(ours->given, IsEmpty());
     EXPECT_THAT(ours->pressed, IsEmpty());
+}
+
+TEST_F(PortalHotKeyServiceTest, WhatIsNoLongerWantedBeforeThereIsASessionIsTakenBack) {
+    start();
+    portal->toCreate = Answer::silence;
+    const auto hotKey = ours->take(keyN, 1);
+    ASSERT_TRUE(becomes([&] { return portal->sessions == 1; }));
+    EXPECT_EQ(ours->service.unregisterHotKey(*hotKey), noErr);
+    EXPECT_TRUE(becomes([&] { return portal->closed.size() == 2; }));
+    EXPECT_THAT(portal->closed, UnorderedElementsAre(portal->request, portal->session));
+}
+
+TEST_F(PortalHotKeyServiceTest, AnErrorForWhatIsNoLongerAskedDoesNotCount) {
+    start();
+    takeOne();
+    portal->toCreate = Answer::error;
+    ASSERT_TRUE(ours->take(keyM, 2));
+    serveOurs();
+    ASSERT_TRUE(ours->take(keyB, 3));
+    serveOurs();
+    ASSERT_TRUE(isLost(3));
+    settle();
+    EXPECT_EQ(portal->sessions, 3);
+    EXPECT_THAT(ours->lost, UnorderedElementsAre(Lost(1, hotKeyPortalErr), Lost(2, hotKeyPortalErr),
+                                                 Lost(3, hotKeyPortalErr)));
+}
+
+TEST_F(PortalHotKeyServiceTest, AResponseToAFormerQuestionDoesNotCount) {
+    start();
+    portal->toBind = Answer::silence;
+    ASSERT_TRUE(ours->take(keyN, 1));
+    ASSERT_TRUE(becomes([&] { return portal->bindings == 1; }));
+    const auto former = portal->request;
+    const auto respondToFormer = [&] {
+        const auto latest = std::exchange(portal->request, former);
+        portal->respondToBind();
+        settle();
+        portal->request = latest;
+    };
+
+    portal->toCreate = Answer::silence;
+    ASSERT_TRUE(ours->take(keyM, 2));
+    ASSERT_TRUE(becomes([&] { return portal->sessions == 2; }));
+    respondToFormer();
+    portal->respondToCreate();
+    ASSERT_TRUE(becomes([&] { return portal->bindings == 2; }));
+    respondToFormer();
+    EXPECT_THAT(ours->given, IsEmpty());
+    EXPECT_THAT(ours->lost, IsEmpty());
+    portal->respondToBind();
+    EXPECT_TRUE(isGiven(2));
+}
+
+TEST_F(PortalHotKeyServiceTest, AnAnswerThatCrossesAChangeDoesNotCount) {
+    start();
+    portal->toBind = Answer::silence;
+    ASSERT_TRUE(ours->take(keyN, 1));
+    ASSERT_TRUE(becomes([&] { return portal->bindings == 1; }));
+    leaveUnread([&] { portal->respondToBind(); });
+    ASSERT_TRUE(ours->take(keyM, 2));
+    ASSERT_TRUE(becomes([&] { return portal->bindings == 2; }));
+    portal->toBind = Answer::cancel;
+    leaveUnread([&] { portal->respondToBind(); });
+    portal->toBind = Answer::give;
+    ASSERT_TRUE(ours->take(keyB, 3));
+    ASSERT_TRUE(isGiven(3));
+    settle();
+    EXPECT_THAT(ours->given, SizeIs(3));
+    EXPECT_THAT(ours->lost, IsEmpty());
+}
+
+TEST_F(PortalHotKeyServiceTest, WhatBecomesOfAnotherSessionDoesNotCount) {
+    start();
+    takeOne();
+    const auto session = std::exchange(portal->session, portal->session + "2");
+    portal->activate("CTRL+ALT+n");
+    portal->changeShortcuts({{"CTRL+ALT+n", ""}});
+    portal->closeSession();
+    settle();
+    EXPECT_THAT(ours->pressed, IsEmpty());
+    EXPECT_THAT(ours->lost, IsEmpty());
+    portal->activate(session, "CTRL+ALT+n");
+    EXPECT_TRUE(becomes([&] { return !ours->pressed.empty(); }));
+}
+
+TEST_F(PortalHotKeyServiceTest, ThePortalMayNameRequestsAndSessionsAsItLikes) {
+    start();
+    portal->pathSuffix = "_1";
+    portal->sessionType = 'o';
+    takeOne();
+    EXPECT_THAT(ours->given, ElementsAre(Given(1, "Key CTRL+ALT+n")));
+    portal->activate("CTRL+ALT+n");
+    EXPECT_TRUE(becomes([&] { return !ours->pressed.empty(); }));
+}
+
+TEST_F(PortalHotKeyServiceTest, ADesktopThatGetsThePortalLaterIsAskedAgain) {
+    start(Answer::error);
+    ASSERT_TRUE(becomes([&] { return ours->absences == 1; }));
+    portal.reset();
+    portal.emplace();
+    ASSERT_TRUE(becomes([&] { return ours->take(keyN, 1).has_value(); }));
+    EXPECT_TRUE(isGiven(1));
+}
+
+TEST_F(PortalHotKeyServiceTest, AGiftMayBeGivenBackAtOnce) {
+    start();
+    const auto first = ours->take(keyN, 1);
+    const auto second = ours->take(keyM, 2);
+    ours->service.onGift([&](const auto&, const auto&) {
+        ours->service.unregisterHotKey(*first);
+        ours->service.unregisterHotKey(*second);
+    });
+    EXPECT_TRUE(becomes([&] { return !portal->closed.empty(); }));
+    EXPECT_THAT(portal->closed, ElementsAre(portal->session));
+}
+
+TEST_F(PortalHotKeyServiceTest, AnotherProgramCannotSendThePortalAway) {
+    start();
+    takeOne();
+    outputOf({"busctl", "--user", "emit", "--destination=" + portal->program,
+              "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameOwnerChanged", "sss",
+              "org.freedesktop.portal.Desktop", ":1.1", ""});
+    settle();
+    EXPECT_THAT(ours->lost, IsEmpty());
 }
 
 TEST_F(PortalHotKeyServiceTest, AnotherProgramCannotPressOurKeys) {

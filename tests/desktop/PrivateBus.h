@@ -24,6 +24,9 @@ public:
     /// Lets the bus itself hang.
     void hang() const { daemon_->hang(); }
 
+    /// Lets it go on.
+    void goOn() const { daemon_->goOn(); }
+
     /// Ends the bus itself.
     void end() { daemon_.reset(); }
 

@@ -39,6 +39,11 @@ Options readOptions(sd_bus_message* message) {
     return options;
 }
 
+/// What a response says that was held back.
+ScriptedPortal::Answer atLast(ScriptedPortal::Answer answer) {
+    return answer == ScriptedPortal::Answer::silence ? ScriptedPortal::Answer::give : answer;
+}
+
 } // namespace
 
 BoundShortcuts readBoundShortcuts(sd_bus_message* call) {
@@ -92,6 +97,18 @@ void ScriptedPortal::changeShortcuts(const std::map<std::string, std::string>& g
     emit(signal);
 }
 
+void ScriptedPortal::respondToCreate() {
+    const auto answer = atLast(toCreate);
+    respond(answer, "session_handle", [&](auto* response) {
+        if (answer == Answer::garbled) {
+            sd_bus_message_append(response, "v", "u", 1);
+        } else {
+            const std::string type(1, sessionType);
+            sd_bus_message_append(response, "v", type.c_str(), session.c_str());
+        }
+    });
+}
+
 void ScriptedPortal::respondToBind() {
     std::map<std::string, std::string> given;
     for (const auto& [id, properties] : bound) {
@@ -100,8 +117,13 @@ void ScriptedPortal::respondToBind() {
             given.emplace(id, trigger == triggers.end() ? "Key " + id : trigger->second);
         }
     }
-    const auto answer = toBind == Answer::silence ? Answer::give : toBind;
+    const auto answer = atLast(toBind);
     respond(answer, "shortcuts", [&](auto* response) {
+        if (answer == Answer::garbled) {
+            sd_bus_message_append(response, "v", "a(sa{sv})", 1, bound.begin()->first.c_str(), 1,
+                                  "trigger_description", "u", 1);
+            return;
+        }
         sd_bus_message_open_container(response, 'v', "a(sa{sv})");
         appendGivenShortcuts(response, given);
         sd_bus_message_close_container(response);
@@ -143,9 +165,7 @@ void ScriptedPortal::create(sd_bus_message* call) {
     if (std::exchange(isOpen_, true)) {
         sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "The session exists");
     } else if (beginRequest(call, toCreate, options.texts.at("handle_token"))) {
-        respond(toCreate, "session_handle", [&](auto* response) {
-            sd_bus_message_append(response, "v", "s", session.c_str());
-        });
+        respondToCreate();
     }
 }
 
@@ -164,11 +184,11 @@ void ScriptedPortal::bind(sd_bus_message* call) {
 }
 
 bool ScriptedPortal::beginRequest(sd_bus_message* call, Answer answer, const std::string& token) {
-    request_ = objectOf("request", token);
+    request = objectOf("request", token);
     if (answer == Answer::error) {
         sd_bus_reply_method_errorf(call, SD_BUS_ERROR_FAILED, "Scripted");
     } else if (answer != Answer::hang) {
-        sd_bus_reply_method_return(call, "o", request_.c_str());
+        sd_bus_reply_method_return(call, "o", request.c_str());
     }
     return answer != Answer::error && answer != Answer::hang && answer != Answer::silence;
 }
@@ -176,7 +196,7 @@ bool ScriptedPortal::beginRequest(sd_bus_message* call, Answer answer, const std
 void ScriptedPortal::respond(Answer answer, const char* key,
                              const std::function<void(sd_bus_message*)>& value) {
     sd_bus_message* response = nullptr;
-    sd_bus_message_new_signal(peer_.bus(), &response, request_.c_str(),
+    sd_bus_message_new_signal(peer_.bus(), &response, request.c_str(),
                               "org.freedesktop.portal.Request", "Response");
     if (answer == Answer::malformed) {
         sd_bus_message_append(response, "us", 0, "nonsense");
@@ -186,7 +206,7 @@ void ScriptedPortal::respond(Answer answer, const char* key,
     const int code = answer == Answer::cancel ? 1 : answer == Answer::fail ? 2 : 0;
     sd_bus_message_append(response, "u", code);
     sd_bus_message_open_container(response, 'a', "{sv}");
-    if (answer == Answer::give) {
+    if (answer == Answer::give || answer == Answer::garbled) {
         sd_bus_message_open_container(response, 'e', "sv");
         sd_bus_message_append(response, "s", key);
         value(response);
@@ -205,7 +225,7 @@ void ScriptedPortal::emit(sd_bus_message* signal) const {
 std::string ScriptedPortal::objectOf(const char* kind, const std::string& token) const {
     auto name = program.substr(1);
     std::ranges::replace(name, '.', '_');
-    return std::string(portalPath) + '/' + kind + '/' + name + '/' + token;
+    return std::string(portalPath) + '/' + kind + '/' + name + '/' + token + pathSuffix;
 }
 
 } // namespace blankwell

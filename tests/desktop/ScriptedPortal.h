@@ -36,6 +36,8 @@ public:
         malformed,
         /// The response lacks what it has to hold.
         empty,
+        /// The response holds a number where a text has to be.
+        garbled,
         /// The call is answered, and no response ever comes.
         silence,
         /// The call itself is not answered.
@@ -58,10 +60,8 @@ public:
     /// Emits that the last session has these shortcuts now.
     void changeShortcuts(const std::map<std::string, std::string>& given);
 
-    /// Gives the response that was held back by `silence`.
-    void respondAtLast();
-
-    /// The response that `silence` holds back.
+    // The responses that `silence` holds back, to the last `request`.
+    void respondToCreate();
     void respondToBind();
 
     Answer toVersion;
@@ -73,6 +73,13 @@ public:
     /// The shortcuts that the user leaves out.
     std::set<std::string> leftOut;
 
+    /// Behind the paths of requests and sessions that a program expects from its tokens.
+    std::string pathSuffix;
+    /// The D-Bus type of a session's path in a response.
+    char sessionType = 's';
+
+    /// The last request; empty before there was one.
+    std::string request;
     /// The last session; empty before there was one.
     std::string session;
     /// What the last session was created with.
@@ -97,7 +104,6 @@ private:
     void emit(sd_bus_message* signal) const;
     [[nodiscard]] std::string objectOf(const char* kind, const std::string& token) const;
 
-    std::string request_;
     bool isOpen_ = false;
     BusPeer peer_;
 };

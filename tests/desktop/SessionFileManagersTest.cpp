@@ -87,11 +87,15 @@ struct SessionFileManagersTest : testing::Test {
         return running.size();
     }
 
+    static std::optional<WindowStack> windows() {
+        return x11WindowStack(Deadline(milliseconds(20000)));
+    }
+
     /// The folders that are open now, in all tabs of all windows.
     std::multiset<FileUrl> openFolders() const {
         const WindowFolders folders(wellKnown, desktopHome(), noRoots);
         std::multiset<FileUrl> open;
-        for (const auto& window : fileManagerWindows(x11WindowStack().value_or(WindowStack()))) {
+        for (const auto& window : fileManagerWindows(windows().value_or(WindowStack()))) {
             open.merge(toSet(folders.all(window, Deadline(milliseconds(1000)))));
         }
         return open;
@@ -167,7 +171,7 @@ void PrintTo(const DesktopDrawer& drawer, std::ostream* stream) {
 struct DesktopDrawingTest : SessionFileManagersTest, testing::WithParamInterface<DesktopDrawer> {
     static bool desktopIsDrawn() {
         return eventually([] {
-            const auto stack = x11WindowStack();
+            const auto stack = windows();
             return stack && std::ranges::any_of(stack->windows, [](const auto& window) {
                        return window.kind == DesktopWindow::Kind::desktop;
                    });

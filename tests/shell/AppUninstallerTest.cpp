@@ -4,7 +4,7 @@
 #include "support/FakeCreationController.h"
 #include "support/FakeFileManagers.h"
 #include "support/FakeInstallationTraces.h"
-#include "support/FakePause.h"
+#include "support/FakeTimer.h"
 #include "support/FakeTrash.h"
 
 #include <gmock/gmock.h>
@@ -52,7 +52,7 @@ struct AppUninstallerTest : testing::Test, FakeCreationController {
                 .application = application,
                 .presence = presence,
                 .mainQueue = mainQueue,
-                .pause = pause,
+                .timer = timer,
                 .log = log,
             });
         }
@@ -78,7 +78,7 @@ struct AppUninstallerTest : testing::Test, FakeCreationController {
     FakeTrash trash{events, files};
     FakeInstallationTraces traces{events};
     FakeApplicationPresence presence{events};
-    FakePause pause;
+    FakeTimer timer;
     std::optional<AppUninstaller> made;
 };
 
@@ -152,7 +152,7 @@ TEST_F(AppUninstallerTest, WhatDoesNotRunFromABundleIsLeftAlone) {
 
 TEST_F(AppUninstallerTest, WithoutAFileManagerNothingIsSaidAboutItAndNothingWaits) {
     uninstall();
-    EXPECT_THAT(pause.durations, IsEmpty());
+    EXPECT_THAT(timer.delays, IsEmpty());
     EXPECT_THAT(log.lines, Each(Field(&FakeLog::Line::message, Not(HasSubstr("Finder")))));
 }
 
@@ -160,11 +160,11 @@ TEST_F(AppUninstallerTest, WaitsUntilEveryFileManagerIsGone) {
     fileManagers.processes = {{.name = "a", .looksUntilGone = 2}, {.name = "b"}};
     uninstall();
     EXPECT_THAT(events, IsSupersetOf({"terminate a", "terminate b"}));
-    EXPECT_TRUE(pause.elapse());
+    EXPECT_TRUE(timer.ring());
     EXPECT_TRUE(files.isDirectory(FileUrl(bundlePath)));
-    EXPECT_TRUE(pause.elapse());
-    EXPECT_FALSE(pause.elapse());
-    EXPECT_THAT(pause.durations, ElementsAre(100ms, 100ms));
+    EXPECT_TRUE(timer.ring());
+    EXPECT_FALSE(timer.ring());
+    EXPECT_THAT(timer.delays, ElementsAre(100ms, 100ms));
     EXPECT_FALSE(files.isDirectory(FileUrl(bundlePath)));
     EXPECT_EQ(log.lines.at(1).message,
               "Terminating Finder to unload the Finder extension before uninstall");
@@ -182,11 +182,11 @@ TEST_F(AppUninstallerTest, AFileManagerThatStaysDoesNotStopTheUninstallation) {
     fileManagers.processes = {{.name = "a", .looksUntilGone = 1000}};
     uninstall();
     for (int pauses = 0; pauses < 19; ++pauses) {
-        EXPECT_TRUE(pause.elapse());
+        EXPECT_TRUE(timer.ring());
     }
     EXPECT_TRUE(files.isDirectory(FileUrl(bundlePath)));
-    EXPECT_TRUE(pause.elapse());
-    EXPECT_FALSE(pause.elapse());
+    EXPECT_TRUE(timer.ring());
+    EXPECT_FALSE(timer.ring());
     EXPECT_FALSE(files.isDirectory(FileUrl(bundlePath)));
     EXPECT_EQ(log.lines.at(2).message, "Finder did not terminate before uninstall continued");
 }

@@ -39,11 +39,12 @@ public:
 struct BundleInstallationTest : testing::Test {
     BundleInstallationTest() { programs.names = {"caja"}; }
 
-    BundleInstallation installationOf(const std::optional<FileUrl>& running) {
+    BundleInstallation installationOf(const std::optional<FileUrl>& running,
+                                      InstallationForm form = InstallationForm::ownBundle) {
         const auto programFolder =
             running ? running->appending("Contents/Linux") : FileUrl("/build/bin");
         return {{settings, defaults, list, registrations, programs, bundles, log},
-                {programFolder, running, {"@BLANKWELL_APPLICATION_PATH@", ""}},
+                {programFolder, running, form, {"@BLANKWELL_APPLICATION_PATH@", ""}},
                 {FileUrl("/h"), FileUrl("/h/data"), FileUrl("/h/config")},
                 FileUrl("/usual")};
     }
@@ -136,7 +137,7 @@ TEST_F(BundleInstallationTest, AStartInABuildTreeRegistersNothing) {
 }
 
 TEST_F(BundleInstallationTest, WhatAPackageBroughtGetsItsMenusOnly) {
-    installationOf(FileUrl("/usr/lib/blankwell-plus/B.app")).mend();
+    installationOf(bundle, InstallationForm::package).mend();
     EXPECT_THAT(registrations.groups(), ElementsAre("menu.caja"));
     EXPECT_THAT(list.values, IsEmpty());
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/BackgroundWork.h"
-#include "platform/Timer.h"
 #include "platform/UpdateInstaller.h"
 #include "platform/UpdateTransfers.h"
 #include "support/FakeBundle.h"
@@ -124,33 +123,6 @@ public:
     }
 
     std::deque<std::pair<std::move_only_function<void(std::stop_token)>, std::stop_source>> pending;
-};
-
-/// An alarm clock that a test moves on.
-class FakeTimer : public Timer {
-public:
-    Subscription after(std::chrono::seconds delay, std::move_only_function<void()> work) override {
-        wanted = delay;
-        work_ = std::make_shared<std::move_only_function<void()>>(std::move(work));
-        return Subscription([this, mine = std::weak_ptr(work_)] {
-            if (mine.lock() == work_) {
-                wanted.reset();
-                work_.reset();
-            }
-        });
-    }
-
-    void ring() {
-        const auto work = std::exchange(work_, nullptr);
-        wanted.reset();
-        (*work)();
-    }
-
-    /// The delay that was asked for last, until it has ended.
-    std::optional<std::chrono::seconds> wanted;
-
-private:
-    std::shared_ptr<std::move_only_function<void()>> work_;
 };
 
 /// A user who sees everything, and answers when the test says so.

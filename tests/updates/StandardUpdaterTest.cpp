@@ -2,6 +2,7 @@
 
 #include "support/FakeLog.h"
 #include "support/FakeMainQueue.h"
+#include "support/FakeTimer.h"
 #include "support/FakeUpdates.h"
 #include "support/FakeUserDefaults.h"
 #include "updates/UpdateJob.h"
@@ -106,7 +107,7 @@ TEST_F(StandardUpdaterTest, NothingHappensUntilItIsAskedFor) {
     make();
     EXPECT_TRUE(updater->canCheckForUpdates());
     EXPECT_THAT(user.shown, IsEmpty());
-    EXPECT_EQ(timer.wanted, std::nullopt);
+    EXPECT_EQ(timer.untilNext(), std::nullopt);
     EXPECT_THAT(background.pending, IsEmpty());
 }
 
@@ -289,45 +290,45 @@ TEST_F(StandardUpdaterTest, AnInstallationThatIsUpdatedElsewhereSaysSoAndAsksNob
         EXPECT_NE(shown<UpdatedElsewhere>().description, "");
     }
     EXPECT_THAT(transfers.fetched, IsEmpty());
-    EXPECT_EQ(timer.wanted, std::nullopt);
+    EXPECT_EQ(timer.untilNext(), std::nullopt);
 }
 
 TEST_F(StandardUpdaterTest, AfterTheUsersConsentChecksAreADayApart) {
     find();
     user.listener.setChecksAutomatically(true);
     answer(UpdateAnswer::close);
-    EXPECT_EQ(timer.wanted, 24h);
+    EXPECT_EQ(timer.untilNext(), 24h);
     now += 24h;
-    timer.ring();
+    EXPECT_TRUE(timer.ring());
     work();
     EXPECT_THAT(transfers.fetched, SizeIs(2));
     EXPECT_NO_THROW(shown<UpdateFound>());
     EXPECT_TRUE(user.checksAutomatically);
     answer(UpdateAnswer::close);
-    EXPECT_EQ(timer.wanted, 24h);
+    EXPECT_EQ(timer.untilNext(), 24h);
     user.listener.setChecksAutomatically(false);
-    EXPECT_EQ(timer.wanted, std::nullopt);
+    EXPECT_EQ(timer.untilNext(), std::nullopt);
 }
 
 TEST_F(StandardUpdaterTest, ACheckThatIsDueWaitsUntilTheStartIsOver) {
     defaults.values["SUEnableAutomaticChecks"] = true;
     make();
-    EXPECT_EQ(timer.wanted, 10s);
+    EXPECT_EQ(timer.untilNext(), 10s);
 }
 
 TEST_F(StandardUpdaterTest, WhatNobodyAskedForFailsAndFindsNothingSilently) {
     defaults.values["SUEnableAutomaticChecks"] = true;
     make();
     transfers.failWith = {UpdateFailure::Reason::unreachable, "No server."};
-    timer.ring();
+    EXPECT_TRUE(timer.ring());
     work();
     EXPECT_THAT(log.lines, ElementsAre(FakeLog::Line{LogLevel::error, "SelfUpdate",
                                                      "Update failed: No server."}));
     EXPECT_TRUE(updater->canCheckForUpdates());
-    EXPECT_EQ(timer.wanted, 24h);
+    EXPECT_EQ(timer.untilNext(), 24h);
     transfers.failWith.reset();
     transfers.feed = feedOf("1");
-    timer.ring();
+    EXPECT_TRUE(timer.ring());
     work();
     EXPECT_THAT(transfers.fetched, SizeIs(2));
     EXPECT_THAT(user.shown, IsEmpty());
@@ -338,11 +339,11 @@ TEST_F(StandardUpdaterTest, ASkippedVersionIsNotOfferedAgainUnlessAskedForOrCrit
     find();
     answer(UpdateAnswer::skipVersion);
     user.shown.clear();
-    timer.ring();
+    EXPECT_TRUE(timer.ring());
     work();
     EXPECT_THAT(user.shown, IsEmpty());
     transfers.feed = feedOf("2", "<sparkle:criticalUpdate/>");
-    timer.ring();
+    EXPECT_TRUE(timer.ring());
     work();
     EXPECT_TRUE(shown<UpdateFound>().isCritical);
     answer(UpdateAnswer::close);

@@ -6,11 +6,12 @@
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
 #include "platform/linux/JournalLog.h"
+#include "platform/linux/LinuxInstallationForm.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
 #include "platform/linux/XdgAutostart.h"
-#include "platform/linux/update/BundleInstallation.h"
 #include "platform/linux/update/StagingFolder.h"
+#include "platform/linux/update/SystemVersion.h"
 #include "widgets/Symbols.h"
 
 #include <QApplication>
@@ -91,13 +92,13 @@ Program::Program(const FileUrl& programFolder)
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
-      bundleUse_(bundleOfPrograms(programFolder)),
+      bundleUse_(bundle_.url()),
       updateJob_(programFolder, environment_.variable("SSL_CERT_FILE").value_or(""), bundleUse_),
       updateWindow_(theme_, application_,
                     bundle_.infoString("CFBundleShortVersionString").value_or("")),
       updaters_({
           .bundle = bundle_,
-          .installation = installationOf(bundleUse_.bundle(), environment_),
+          .installation = installationForm(bundleUse_.bundle(), environment_),
           .systemVersion = runningSystemVersion(),
           .defaults = domains_.standard(),
           .job = [this] { return updateJob_.load(); },
@@ -123,7 +124,7 @@ Program::Program(const FileUrl& programFolder)
           .application = application_,
           .presence = presence_,
           .mainQueue = mainQueue_,
-          .pause = pause_,
+          .timer = timer_,
           .log = *log_,
       }),
       statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
@@ -249,7 +250,7 @@ void Program::relaunch() {
 
 /// What an update replaced before this start.
 void Program::removeOldBundles() {
-    if (installationOf(bundleUse_.bundle(), environment_) == InstallationForm::ownBundle) {
+    if (installationForm(bundleUse_.bundle(), environment_) == InstallationForm::ownBundle) {
         sweep_ = background_.run([bundle = bundleUse_.bundle()](const std::stop_token&) {
             StagingFolder::sweep(bundle);
         });

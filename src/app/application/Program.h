@@ -39,7 +39,6 @@
 #include "platform/qt/QtApplicationPresence.h"
 #include "platform/qt/QtMainQueue.h"
 #include "platform/qt/QtOpenPanel.h"
-#include "platform/qt/QtPause.h"
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtStatusBar.h"
 #include "platform/qt/QtTimer.h"
@@ -139,7 +138,6 @@ private:
     SessionFileManagers fileManagers_;
     LinuxTrash trash_{mainQueue_};
     LinuxInstallationTraces traces_;
-    QtPause pause_;
     AppUninstaller uninstaller_;
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;

@@ -5,6 +5,7 @@
 #include "platform/UserDefaults.h"
 #include "platform/linux/BundleDirectory.h"
 #include "platform/linux/FileSnapshot.h"
+#include "platform/linux/LinuxInstallationForm.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 
 #include <filesystem>
@@ -86,6 +87,7 @@ DesktopInstallation::DesktopInstallation(const FileUrl& programFolder, const Ser
           {
               .programFolder = programFolder,
               .bundle = BundleDirectory::bundleOf(programFolder),
+              .form = installationForm(BundleDirectory(programFolder).url(), services.environment),
               .templates = templatesOf(programFolder),
           },
           places, usualThunarActions(services.environment)) {}

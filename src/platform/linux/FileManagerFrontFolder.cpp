@@ -17,7 +17,7 @@ FileManagerFrontFolder::FileManagerFrontFolder(const WellKnownFolders& wellKnown
 
 std::optional<std::string> FileManagerFrontFolder::path() {
     const Deadline deadline(patience);
-    const auto stack = x11WindowStack();
+    const auto stack = x11WindowStack(deadline);
     if (!stack) {
         return std::nullopt;
     }

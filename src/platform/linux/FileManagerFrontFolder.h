@@ -23,8 +23,7 @@ namespace blankwell {
 /// - The desktop that a file manager draws is the Desktop folder.
 ///
 /// A window with a place that is no folder on a disk counts as the front window, without an answer.
-/// Waits 300 ms at most for all the answers of file managers together. The X server is asked
-/// without a bound, as a program that has windows waits for it anyway.
+/// Waits 300 ms at most for all the answers of the X server and of file managers together.
 class FileManagerFrontFolder : public FrontFolder {
 public:
     /// `wellKnown` must outlive this object. `roots` is called for each question, for the folders

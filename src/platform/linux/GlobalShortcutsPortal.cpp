@@ -27,9 +27,6 @@ constexpr auto sessionToken = "BlankwellPlus";
 /// In the place of the window that the portal's dialogs belong to.
 constexpr auto noWindow = "";
 
-/// For what no user is asked. A portal that starts first may need long.
-constexpr std::chrono::seconds patience{25};
-
 std::string text(const char* value) {
     return value == nullptr ? "" : value;
 }
@@ -50,8 +47,11 @@ std::string sender(const BusMessage& message) {
 
 } // namespace
 
-GlobalShortcutsPortal::GlobalShortcutsPortal(Listener listener)
-    : listener_(std::move(listener)), bus_([this](BusMessage& signal) { hearSignal(signal); }) {
+GlobalShortcutsPortal::GlobalShortcutsPortal(Listener listener,
+                                             std::chrono::milliseconds patienceForPortal)
+    : listener_(std::move(listener)),
+      patience_(patienceForPortal),
+      bus_([this](BusMessage& signal) { hearSignal(signal); }) {
     bus_.addMatch(fmt::format("type='signal',sender='org.freedesktop.DBus',"
                               "member='NameOwnerChanged',arg0='{}'",
                               portalName));
@@ -153,8 +153,8 @@ void GlobalShortcutsPortal::createSession() {
         *message, {{"handle_token", token}, {"session_handle_token", sessionToken}}, wanted_);
     state_ = Creating{.request = objectOf("request", token),
                       .session = objectOf("session", sessionToken),
-                      .deadline = Deadline(patience)};
-    bus_.wakeUpAfter(patience);
+                      .deadline = Deadline(patience_)};
+    bus_.wakeUpAfter(patience_);
     callForRequest<Creating>(*message);
 }
 
@@ -195,7 +195,7 @@ void GlobalShortcutsPortal::fail(HotKeyStatus status) {
 
 void GlobalShortcutsPortal::callPortal(const BusMessage& message,
                                        WatchedBus::AnswerHandler handler) {
-    bus_.call(message, patience,
+    bus_.call(message, patience_,
               [this, attempt = attempt_, handler = std::move(handler)](auto answer) mutable {
                   if (attempt == attempt_) {
                       handler(std::move(answer));

@@ -5,6 +5,7 @@
 #include "platform/linux/PortalMessages.h"
 #include "platform/linux/WatchedBus.h"
 
+#include <chrono>
 #include <cstdint>
 #include <expected>
 #include <functional>
@@ -35,8 +36,12 @@ public:
         std::function<void()> absent;
     };
 
+    /// How long the portal may take for what no user is asked, with its start.
+    static constexpr std::chrono::milliseconds patience = std::chrono::seconds(25);
+
     /// Begins to ask whether the desktop has the portal; that starts the portal.
-    explicit GlobalShortcutsPortal(Listener listener);
+    explicit GlobalShortcutsPortal(Listener listener,
+                                   std::chrono::milliseconds patienceForPortal = patience);
 
     GlobalShortcutsPortal(const GlobalShortcutsPortal&) = delete;
     GlobalShortcutsPortal& operator=(const GlobalShortcutsPortal&) = delete;
@@ -110,6 +115,7 @@ private:
     void hearShortcuts(BusMessage& signal, const std::string& member);
 
     Listener listener_;
+    std::chrono::milliseconds patience_;
     Presence presence_ = Presence::unknown;
     std::vector<PortalShortcut> wanted_;
     std::variant<Idle, Asking, Creating, Binding, Bound, Failed> state_;

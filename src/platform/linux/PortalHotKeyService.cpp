@@ -5,14 +5,15 @@
 
 namespace blankwell {
 
-PortalHotKeyService::PortalHotKeyService(Describe describe)
+PortalHotKeyService::PortalHotKeyService(Describe describe, std::chrono::milliseconds patience)
     : describe_(std::move(describe)),
       portal_({
-          .activated = [this](const std::string& shortcut) { handlePress(shortcut); },
-          .given = [this](const GivenShortcuts& given) { handleGiven(given); },
-          .failed = [this](HotKeyStatus status) { handleFailure(status); },
-          .absent = [this] { absenceHandler_(); },
-      }) {}
+                  .activated = [this](const std::string& shortcut) { handlePress(shortcut); },
+                  .given = [this](const GivenShortcuts& given) { handleGiven(given); },
+                  .failed = [this](HotKeyStatus status) { handleFailure(status); },
+                  .absent = [this] { absenceHandler_(); },
+              },
+              patience) {}
 
 std::expected<HotKeyService::HandlerReference, HotKeyStatus>
 PortalHotKeyService::installHandler(Handler handler) {

@@ -5,6 +5,7 @@
 #include "platform/linux/HotKeyHandlers.h"
 #include "platform/linux/KeyCombination.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -32,8 +33,10 @@ public:
     /// What the user is told that a key combination does.
     using Describe = std::function<std::string(const KeyCombination&)>;
 
-    /// Begins to ask whether the desktop gives shortcuts.
-    explicit PortalHotKeyService(Describe describe);
+    /// Begins to ask whether the desktop gives shortcuts. A portal that says nothing for `patience`
+    /// counts as gone, except while the user may be choosing.
+    explicit PortalHotKeyService(
+        Describe describe, std::chrono::milliseconds patience = GlobalShortcutsPortal::patience);
 
     std::expected<HandlerReference, HotKeyStatus> installHandler(Handler handler) override;
     void removeHandler(HandlerReference handler) override;

@@ -75,7 +75,7 @@ SessionFileManagers::SessionFileManagers(const WellKnownFolders& wellKnown, File
 
 std::vector<std::unique_ptr<RunningFileManager>> SessionFileManagers::running() {
     const Deadline deadline(patienceForFolders);
-    const auto windows = fileManagerWindows(x11WindowStack().value_or(WindowStack()));
+    const auto windows = fileManagerWindows(x11WindowStack(deadline).value_or(WindowStack()));
     found_.clear();
     std::vector<std::unique_ptr<RunningFileManager>> running;
     for (auto& process : runningFileManagers()) {

@@ -4,10 +4,14 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdlib>
+#include <future>
 #include <memory>
 #include <span>
 #include <string_view>
+#include <thread>
+#include <utility>
 
 namespace blankwell {
 namespace {
@@ -198,9 +202,8 @@ std::optional<xcb_window_t> rootWindow(xcb_connection_t* connection, int screen)
     return roots.rem > 0 ? std::optional(roots.data->root) : std::nullopt;
 }
 
-} // namespace
-
-std::optional<WindowStack> x11WindowStack() {
+/// Waits for the server as long as that takes.
+std::optional<WindowStack> askServer() {
     int screen = 0;
     const Connection owner(xcb_connect(nullptr, &screen));
     auto* const connection = owner.get();
@@ -224,6 +227,25 @@ std::optional<WindowStack> x11WindowStack() {
         stack.windows.push_back(question.answers());
     }
     return stack;
+}
+
+} // namespace
+
+std::optional<WindowStack> x11WindowStack(const Deadline& deadline) {
+    static std::atomic<bool> isAsked = false;
+    if (isAsked.exchange(true)) {
+        return std::nullopt;
+    }
+    std::packaged_task<std::optional<WindowStack>()> question([] {
+        auto stack = askServer();
+        isAsked = false;
+        return stack;
+    });
+    auto answer = question.get_future();
+    // xcb cannot be told how long to wait: a server that hangs keeps the thread.
+    std::thread(std::move(question)).detach();
+    const bool isAnswered = answer.wait_for(deadline.remaining()) == std::future_status::ready;
+    return isAnswered ? answer.get() : std::nullopt;
 }
 
 } // namespace blankwell

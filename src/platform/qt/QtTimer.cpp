@@ -7,14 +7,14 @@
 
 namespace blankwell {
 
-Subscription QtTimer::after(std::chrono::seconds delay, std::move_only_function<void()> work) {
+Subscription QtTimer::after(std::chrono::milliseconds delay, std::move_only_function<void()> work) {
     struct DeleteLater {
         void operator()(QTimer* timer) const { timer->deleteLater(); } // it may be what ends it
     };
 
     std::unique_ptr<QTimer, DeleteLater> timer(new QTimer);
     timer->setSingleShot(true);
-    timer->setTimerType(Qt::VeryCoarseTimer);
+    timer->setTimerType(Qt::PreciseTimer); // the others may ring early
     QObject::connect(
         timer.get(), &QTimer::timeout, timer.get(),
         [work = std::make_shared<std::move_only_function<void()>>(std::move(work))] { (*work)(); });

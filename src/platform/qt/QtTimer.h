@@ -4,10 +4,12 @@
 
 namespace blankwell {
 
-/// Alarms of Qt's event loop. Belongs to the thread of the application.
+/// Alarms of Qt's event loop; a dialog's loop counts too. Belongs to the thread of the application,
+/// which must exist.
 class QtTimer : public Timer {
 public:
-    Subscription after(std::chrono::seconds delay, std::move_only_function<void()> work) override;
+    Subscription after(std::chrono::milliseconds delay,
+                       std::move_only_function<void()> work) override;
 };
 
 } // namespace blankwell

@@ -1,6 +1,8 @@
 #include "platform/linux/LinuxRegistrations.h"
 
+#include "contract/RegistrationsContract.h"
 #include "support/ChildProcess.h"
+#include "support/FakeRegistrations.h"
 #include "support/FakeUserDefaults.h"
 #include "support/TemporaryFolder.h"
 
@@ -21,6 +23,53 @@ using testing::IsEmpty;
 
 constexpr auto oddName = "a b/\"quotes' 100% \n\xff/x";
 constexpr auto contents = "# app.blankwell.BlankwellPlus\n";
+
+class FakeRegistrationsWorld {
+public:
+    Registrations& registrations() { return registrations_; }
+
+    static Registration file(std::string_view name) {
+        return RegisteredFile{.url = FileUrl("/folder").appending(name), .contents = contents};
+    }
+
+    std::set<std::string> names() const {
+        std::set<std::string> names;
+        for (const auto& [group, held] : registrations_.held) {
+            for (const auto& one : held) {
+                names.emplace(std::get<RegisteredFile>(one).url.lastPathComponent());
+            }
+        }
+        return names;
+    }
+
+private:
+    FakeRegistrations registrations_;
+};
+
+class LinuxRegistrationsWorld {
+public:
+    Registrations& registrations() { return registrations_; }
+
+    Registration file(std::string_view name) const {
+        return RegisteredFile{.url = folder_.at(name), .contents = contents};
+    }
+
+    std::set<std::string> names() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder_.url().path())) {
+            names.insert(entry.path().filename().string());
+        }
+        return names;
+    }
+
+private:
+    TemporaryFolder folder_;
+    FakeUserDefaults list_;
+    LinuxRegistrations registrations_{list_, folder_.url()};
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, RegistrationsContract, FakeRegistrationsWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, RegistrationsContract, LinuxRegistrationsWorld);
 
 struct LinuxRegistrationsTest : testing::Test {
     /// Every path in the folder.

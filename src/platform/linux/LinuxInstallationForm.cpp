@@ -1,4 +1,4 @@
-#include "platform/linux/update/BundleInstallation.h"
+#include "platform/linux/LinuxInstallationForm.h"
 
 #include "platform/Environment.h"
 #include "platform/Sandbox.h"
@@ -9,7 +9,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/utsname.h>
 #include <unistd.h>
 
 namespace blankwell {
@@ -44,11 +43,7 @@ bool isReplaceable(const FileUrl& bundle) {
 
 } // namespace
 
-FileUrl bundleOfPrograms(const FileUrl& programFolder) {
-    return programFolder.deletingLastPathComponent().deletingLastPathComponent();
-}
-
-InstallationForm installationOf(const FileUrl& bundle, const Environment& environment) {
+InstallationForm installationForm(const FileUrl& bundle, const Environment& environment) {
     if (isSandboxed(environment)) {
         return InstallationForm::sandbox;
     }
@@ -59,11 +54,6 @@ InstallationForm installationOf(const FileUrl& bundle, const Environment& enviro
         return InstallationForm::looseProgram;
     }
     return isReplaceable(bundle) ? InstallationForm::ownBundle : InstallationForm::foreignBundle;
-}
-
-std::string runningSystemVersion() {
-    struct utsname names{};
-    return ::uname(&names) == 0 ? names.release : "";
 }
 
 } // namespace blankwell
