@@ -31,6 +31,8 @@ std::string description(const FileManagerMenuState& state) {
         return "not installed";
     case Availability::needsPackage:
         return fmt::format("needs the package {}", neededPackage);
+    case Availability::outOfReach:
+        return "out of reach of a sandbox";
     case Availability::available:
         break;
     }

@@ -24,6 +24,8 @@ struct FileManagerMenuState {
         notInstalled,
         /// It is installed, but not the package that lets it take extensions.
         needsPackage,
+        /// This process runs in a sandbox, which hides what is installed.
+        outOfReach,
     };
 
     FileManager manager;
