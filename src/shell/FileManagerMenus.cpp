@@ -51,6 +51,7 @@ std::vector<FileManagerMenuState> FileManagerMenus::states() const {
             .manager = manager,
             .availability = availability(manager),
             .isOn = std::ranges::find(groups, groupOf(manager)) != groups.end(),
+            .mustRestart = infoOf(manager).mustRestart && !hasExtension(manager),
         });
     }
     return states;
@@ -91,10 +92,16 @@ Availability FileManagerMenus::availability(FileManager manager) const {
     if (!services_.programs.has(infoOf(manager).id)) {
         return Availability::notInstalled;
     }
-    if (manager == FileManager::nautilus && !services_.programs.nautilusTakesPython()) {
+    if (manager == FileManager::nautilus && !hasExtension(manager) &&
+        !services_.programs.nautilusTakesPython()) {
         return Availability::needsPackage;
     }
     return Availability::available;
+}
+
+bool FileManagerMenus::hasExtension(FileManager manager) const {
+    const auto& info = infoOf(manager);
+    return info.canHaveExtension && services_.programs.hasExtension(info.id);
 }
 
 std::set<std::string> FileManagerMenus::switchedOff() const {
@@ -110,8 +117,10 @@ std::expected<void, SystemError> FileManagerMenus::apply(FileManager manager) {
         return services_.registrations.clear(groupOf(manager));
     }
     const auto menu = createFileMenu(services_.settings.enabledFileTypes());
-    return services_.registrations.set(groupOf(manager),
-                                       fileManagerMenuFiles(manager, menu, places_));
+    // One or the other, or the menu would come up twice.
+    const auto files = hasExtension(manager) ? extensionMenuFiles(manager, menu, places_)
+                                             : fileManagerMenuFiles(manager, menu, places_);
+    return services_.registrations.set(groupOf(manager), files);
 }
 
 } // namespace blankwell

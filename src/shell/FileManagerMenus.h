@@ -32,6 +32,8 @@ struct FileManagerMenuState {
     Availability availability;
     /// The menu is in place.
     bool isOn;
+    /// The file manager sees a change of it at its next start only.
+    bool mustRestart = false;
 
     friend bool operator==(const FileManagerMenuState&, const FileManagerMenuState&) = default;
 };
@@ -40,7 +42,8 @@ struct FileManagerMenuState {
 [[nodiscard]] std::string description(const FileManagerMenuState& state);
 
 /// The menus "Create File" of the file managers: on wherever possible, unless the user switched one
-/// off. Belongs to the main thread.
+/// off. They come from files of the user's own, or from the application's own extension where the
+/// system has that. Belongs to the main thread.
 class FileManagerMenus {
 public:
     struct Services {
@@ -68,6 +71,7 @@ public:
 
 private:
     [[nodiscard]] FileManagerMenuState::Availability availability(FileManager manager) const;
+    [[nodiscard]] bool hasExtension(FileManager manager) const;
     [[nodiscard]] std::set<std::string> switchedOff() const;
     std::expected<void, SystemError> apply(FileManager manager);
 

@@ -6,6 +6,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace blankwell {
@@ -25,10 +26,9 @@ bool isInstalled(const FileManagerMenuState& state) {
 }
 
 std::string namesOfAll() {
-    std::string names;
-    for (const auto manager : allFileManagers) {
-        const bool isLast = manager == allFileManagers.back();
-        names += names.empty() ? "" : (isLast ? " and " : ", ");
+    std::string names(infoOf(allFileManagers.front()).name);
+    for (const auto manager : allFileManagers | std::views::drop(1)) {
+        names += manager == allFileManagers.back() ? " and " : ", ";
         names += infoOf(manager).name;
     }
     return names;
@@ -46,13 +46,14 @@ std::string textAbove(const std::vector<FileManagerMenuState>& states, bool hasR
     return "Choose which ones have a **Create File** command in their menus.";
 }
 
-/// What to know once the menu of `manager` was switched and is in place or not, as `isOn` says.
-std::string noteAfter(FileManager manager, bool isWanted, bool isOn) {
-    const auto& info = infoOf(manager);
-    if (isWanted && !isOn) {
+/// What to know once the menu was switched, and is now as `state` says.
+std::string noteAfter(const FileManagerMenuState& state, bool isWanted) {
+    if (isWanted && !state.isOn) {
         return "Appears when a file type is switched on.";
     }
-    return info.mustRestart ? fmt::format("Takes effect when {} is started again.", info.name) : "";
+    return state.mustRestart
+               ? fmt::format("Takes effect when {} is started again.", infoOf(state.manager).name)
+               : "";
 }
 
 } // namespace
@@ -76,16 +77,11 @@ void FileManagerMenusModel::refresh() {
 
 void FileManagerMenusModel::turn(FileManager manager, bool on) {
     const auto turned = installation_.turnMenu(manager, on);
-    const bool isOnNow = isOn(manager);
-    notes_[manager] = turned ? Note{noteAfter(manager, on, isOnNow), false, isOnNow}
-                             : Note{turned.error().description, true, isOnNow};
-    refresh();
-}
-
-bool FileManagerMenusModel::isOn(FileManager manager) const {
     const auto states = installation_.menuStates();
-    const auto found = std::ranges::find(states, manager, &FileManagerMenuState::manager);
-    return found != states.end() && found->isOn;
+    const auto& state = *std::ranges::find(states, manager, &FileManagerMenuState::manager);
+    notes_[manager] = turned ? Note{noteAfter(state, on), false, state.isOn}
+                             : Note{turned.error().description, true, state.isOn};
+    refresh();
 }
 
 FileManagerMenuRow FileManagerMenusModel::rowOf(const FileManagerMenuState& state) {

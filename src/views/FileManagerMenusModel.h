@@ -79,7 +79,6 @@ private:
         bool isOn;
     };
 
-    [[nodiscard]] bool isOn(FileManager manager) const;
     [[nodiscard]] FileManagerMenuRow rowOf(const FileManagerMenuState& state);
 
     Installation& installation_;

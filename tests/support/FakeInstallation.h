@@ -31,8 +31,9 @@ public:
             const auto availability = withoutPackage.contains(manager) ? needsPackage
                                       : found == menus.end()           ? notInstalled
                                                                        : available;
-            states.push_back(
-                {manager, availability, found != menus.end() && found->second && hasTypes});
+            states.push_back({manager, availability,
+                              found != menus.end() && found->second && hasTypes,
+                              infoOf(manager).mustRestart});
         }
         return states;
     }
