@@ -5,7 +5,9 @@ build_packages=(g++-12 cmake ninja-build ccache pkg-config libfmt-dev nlohmann-j
     libglib2.0-dev libicu-dev libsystemd-dev libxcb1-dev libxcb-xkb-dev zlib1g-dev
     libarchive-dev libcurl4-openssl-dev libexpat1-dev libpugixml-dev libssl-dev
     qt6-base-dev qt6-svg-dev bootstrap-icons)
-test_packages=(libgtest-dev libgmock-dev
+# the extensions of file managers
+extension_packages=(gcc-12 libnautilus-extension-dev libnemo-extension-dev libcaja-extension-dev)
+test_packages=("${extension_packages[@]}" libgtest-dev libgmock-dev
     # the templates
     python3 python3-docx python3-openpyxl poppler-utils
     libreoffice-writer-nogui libreoffice-calc-nogui libreoffice-impress-nogui
@@ -23,7 +25,7 @@ test_packages=(libgtest-dev libgmock-dev
     xdg-desktop-portal
     nautilus python3-nautilus thunar dolphin nemo caja pcmanfm-qt at-spi2-core
     python3-gi gir1.2-atspi-2.0)
-package_packages=(binutils dpkg-dev zstd)
+package_packages=("${extension_packages[@]}" binutils dpkg-dev zstd)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 lint_packages=(clang-format-19 clang-tidy-19 clangd-19)
 # the pictures of the documentation, and the font in them

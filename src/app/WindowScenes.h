@@ -39,7 +39,7 @@ inline constexpr WindowScene helpWindowScene{
 inline constexpr WindowScene extensionWindowScene{
     .id = "extension",
     .title = "Blankwell+ Finder Extension",
-    .defaultSize = Size{.width = 560, .height = 440},
+    .defaultSize = Size{.width = 580, .height = 720},
     .contentMinimumSize = Size{.width = 400, .height = 280},
 };
 

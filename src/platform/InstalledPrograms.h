@@ -14,6 +14,10 @@ public:
 
     /// Whether Nautilus takes extensions in Python, which a package of its own lets it do.
     [[nodiscard]] virtual bool nautilusTakesPython() const = 0;
+
+    /// Whether the file manager `program` has the application's own extension, which the system
+    /// brings.
+    [[nodiscard]] virtual bool hasExtension(std::string_view program) const = 0;
 };
 
 } // namespace blankwell

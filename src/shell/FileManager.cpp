@@ -7,12 +7,12 @@ namespace blankwell {
 namespace {
 
 constexpr std::array infos{
-    FileManagerInfo{FileManager::nautilus, "nautilus", "Files (Nautilus)", true},
-    FileManagerInfo{FileManager::dolphin, "dolphin", "Dolphin", false},
-    FileManagerInfo{FileManager::thunar, "thunar", "Thunar", true},
-    FileManagerInfo{FileManager::nemo, "nemo", "Nemo", false},
-    FileManagerInfo{FileManager::caja, "caja", "Caja", false},
-    FileManagerInfo{FileManager::pcmanfmQt, "pcmanfm-qt", "PCManFM-Qt", true},
+    FileManagerInfo{FileManager::nautilus, "nautilus", "Files (Nautilus)", true, true},
+    FileManagerInfo{FileManager::dolphin, "dolphin", "Dolphin", false, false},
+    FileManagerInfo{FileManager::thunar, "thunar", "Thunar", true, false},
+    FileManagerInfo{FileManager::nemo, "nemo", "Nemo", false, true},
+    FileManagerInfo{FileManager::caja, "caja", "Caja", false, true},
+    FileManagerInfo{FileManager::pcmanfmQt, "pcmanfm-qt", "PCManFM-Qt", true, false},
 };
 
 } // namespace

@@ -22,6 +22,8 @@ struct FileManagerInfo {
     std::string_view name;
     /// It reads its menu at its start only.
     bool mustRestart;
+    /// There is an extension of the application's own for it.
+    bool canHaveExtension;
 };
 
 [[nodiscard]] const FileManagerInfo& infoOf(FileManager manager);

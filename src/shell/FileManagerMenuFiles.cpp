@@ -1,5 +1,6 @@
 #include "shell/FileManagerMenuFiles.h"
 
+#include "base/FileUri.h"
 #include "base/Quoting.h"
 #include "platform/Identifiers.h"
 
@@ -257,6 +258,29 @@ std::vector<Registration> fileManagerMenuFiles(FileManager manager, const Create
         return pcmanfmQtFiles(menu, places);
     }
     std::unreachable();
+}
+
+std::vector<Registration> extensionMenuFiles(FileManager manager, const CreateFileMenu& menu,
+                                             const FileManagerPlaces& places) {
+    if (menu.empty()) {
+        return {};
+    }
+    std::string ids;
+    std::string types;
+    for (const auto& group : menu) {
+        ids += ids.empty() ? "" : "-;"; // a separator
+        for (const auto& type : group) {
+            ids += type.id + ';';
+            types += fmt::format("\n[Type {}]\nName={}\nIcon={}\n", type.id, type.displayName,
+                                 themeIconName(type));
+        }
+    }
+    auto text = mark() + fmt::format("[Menu]\nTitle={}\nProgram={}\nTypes={}\n",
+                                     createFileMenuTitle, fileUri(places.program), ids);
+    return {RegisteredFile{
+        .url = places.dataHome.appending("blankwell-plus/menus").appending(infoOf(manager).id),
+        .contents = std::move(text) + types,
+    }};
 }
 
 } // namespace blankwell

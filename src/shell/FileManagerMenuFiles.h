@@ -26,4 +26,10 @@ struct FileManagerPlaces {
                                                              const CreateFileMenu& menu,
                                                              const FileManagerPlaces& places);
 
+/// What the application's own extension of `manager` reads to make the menu. Nothing for an empty
+/// menu.
+[[nodiscard]] std::vector<Registration> extensionMenuFiles(FileManager manager,
+                                                           const CreateFileMenu& menu,
+                                                           const FileManagerPlaces& places);
+
 } // namespace blankwell

@@ -31,6 +31,8 @@ std::string description(const FileManagerMenuState& state) {
         return "not installed";
     case Availability::needsPackage:
         return fmt::format("needs the package {}", neededPackage);
+    case Availability::outOfReach:
+        return "out of reach of a sandbox";
     case Availability::available:
         break;
     }
@@ -49,6 +51,7 @@ std::vector<FileManagerMenuState> FileManagerMenus::states() const {
             .manager = manager,
             .availability = availability(manager),
             .isOn = std::ranges::find(groups, groupOf(manager)) != groups.end(),
+            .mustRestart = infoOf(manager).mustRestart && !hasExtension(manager),
         });
     }
     return states;
@@ -89,10 +92,16 @@ Availability FileManagerMenus::availability(FileManager manager) const {
     if (!services_.programs.has(infoOf(manager).id)) {
         return Availability::notInstalled;
     }
-    if (manager == FileManager::nautilus && !services_.programs.nautilusTakesPython()) {
+    if (manager == FileManager::nautilus && !hasExtension(manager) &&
+        !services_.programs.nautilusTakesPython()) {
         return Availability::needsPackage;
     }
     return Availability::available;
+}
+
+bool FileManagerMenus::hasExtension(FileManager manager) const {
+    const auto& info = infoOf(manager);
+    return info.canHaveExtension && services_.programs.hasExtension(info.id);
 }
 
 std::set<std::string> FileManagerMenus::switchedOff() const {
@@ -108,8 +117,10 @@ std::expected<void, SystemError> FileManagerMenus::apply(FileManager manager) {
         return services_.registrations.clear(groupOf(manager));
     }
     const auto menu = createFileMenu(services_.settings.enabledFileTypes());
-    return services_.registrations.set(groupOf(manager),
-                                       fileManagerMenuFiles(manager, menu, places_));
+    // One or the other, or the menu would come up twice.
+    const auto files = hasExtension(manager) ? extensionMenuFiles(manager, menu, places_)
+                                             : fileManagerMenuFiles(manager, menu, places_);
+    return services_.registrations.set(groupOf(manager), files);
 }
 
 } // namespace blankwell

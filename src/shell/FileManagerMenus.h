@@ -24,12 +24,16 @@ struct FileManagerMenuState {
         notInstalled,
         /// It is installed, but not the package that lets it take extensions.
         needsPackage,
+        /// This process runs in a sandbox, which hides what is installed.
+        outOfReach,
     };
 
     FileManager manager;
     Availability availability;
     /// The menu is in place.
     bool isOn;
+    /// The file manager sees a change of it at its next start only.
+    bool mustRestart = false;
 
     friend bool operator==(const FileManagerMenuState&, const FileManagerMenuState&) = default;
 };
@@ -38,7 +42,8 @@ struct FileManagerMenuState {
 [[nodiscard]] std::string description(const FileManagerMenuState& state);
 
 /// The menus "Create File" of the file managers: on wherever possible, unless the user switched one
-/// off. Belongs to the main thread.
+/// off. They come from files of the user's own, or from the application's own extension where the
+/// system has that. Belongs to the main thread.
 class FileManagerMenus {
 public:
     struct Services {
@@ -66,6 +71,7 @@ public:
 
 private:
     [[nodiscard]] FileManagerMenuState::Availability availability(FileManager manager) const;
+    [[nodiscard]] bool hasExtension(FileManager manager) const;
     [[nodiscard]] std::set<std::string> switchedOff() const;
     std::expected<void, SystemError> apply(FileManager manager);
 

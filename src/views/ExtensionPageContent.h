@@ -12,7 +12,10 @@ namespace blankwell {
 struct ExtensionPageContent {
     std::string symbol;
     std::string title;
-    std::vector<GuideParagraph> paragraphs;
+    /// Above the cards about the menus.
+    GuideParagraph introduction;
+    /// Below them, with its rows.
+    GuideParagraph otherWays;
     std::vector<GuideRow> rows;
 
     friend bool operator==(const ExtensionPageContent&, const ExtensionPageContent&) = default;

@@ -1,7 +1,10 @@
 #include "views/ExtensionPageView.h"
 
 #include "settings/AppSettings.h"
+#include "views/CreationGuideView.h"
 #include "views/ExtensionPageContent.h"
+#include "views/FileManagerMenusView.h"
+#include "views/GuideItem.h"
 #include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/ScrollArea.h"
@@ -15,14 +18,8 @@ namespace {
 
 constexpr int symbolSize = 34;
 
-TextLabel* makeText(const Theme& theme, std::string_view text, TextStyle style,
-                    ColorRole color = ColorRole::label) {
-    return new TextLabel(theme, text,
-                         {.style = style,
-                          .color = color,
-                          .overflow = TextLabel::Overflow::wrap,
-                          .markup = TextLabel::Markup::boldRuns});
-}
+constexpr TextLabel::Look rowLook{.overflow = TextLabel::Overflow::wrap,
+                                  .markup = TextLabel::Markup::boldRuns};
 
 QLayout* makeRow(const Theme& theme, std::string_view symbol, TextLabel* text) {
     auto* const row = new QHBoxLayout;
@@ -37,7 +34,8 @@ QLayout* makeRow(const Theme& theme, std::string_view symbol, TextLabel* text) {
 
 } // namespace
 
-ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, QWidget* parent)
+ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings,
+                                     FileManagerMenusModel& menus, QWidget* parent)
     : QWidget(parent) {
     const auto content = extensionPageContent({});
     auto* const page = new QWidget;
@@ -53,12 +51,12 @@ ExtensionPageView::ExtensionPageView(const Theme& theme, AppSettings& settings, 
     column->addWidget(new SymbolLabel(theme, content.symbol, {.size = symbolSize}));
     column->addWidget(new Heading(
         theme, content.title, {.style = TextStyle::title, .overflow = TextLabel::Overflow::wrap}));
-    for (const auto& paragraph : content.paragraphs) {
-        column->addWidget(
-            makeText(theme, paragraph.text, TextStyle::body, ColorRole::secondaryLabel));
-    }
+    column->addWidget(guideText(theme, content.introduction.text, ColorRole::secondaryLabel));
+    column->addWidget(new FileManagerMenusView(theme, menus));
+    column->addWidget(new CreationGuideView(theme, settings));
+    column->addWidget(guideText(theme, content.otherWays.text, ColorRole::secondaryLabel));
     for (const auto& shown : content.rows) {
-        rows_.push_back(makeText(theme, {}, TextStyle::body));
+        rows_.push_back(new TextLabel(theme, {}, rowLook));
         column->addLayout(makeRow(theme, shown.symbol, rows_.back()));
     }
     column->addStretch(1);

@@ -10,16 +10,19 @@
 namespace blankwell {
 
 class AppSettings;
+class FileManagerMenusModel;
 class TextLabel;
 class Theme;
 
-/// The page about the file manager's menu.
+/// The page about the menus of file managers, with their switches.
 class ExtensionPageView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Follows the Quick Create shortcut of `settings`; both must outlive this object.
-    ExtensionPageView(const Theme& theme, AppSettings& settings, QWidget* parent = nullptr);
+    /// Follows the Quick Create shortcut of `settings` and the menus of `menus`. All must outlive
+    /// this object.
+    ExtensionPageView(const Theme& theme, AppSettings& settings, FileManagerMenusModel& menus,
+                      QWidget* parent = nullptr);
 
 private:
     void render(std::string_view shortcut);

@@ -1,5 +1,6 @@
 #include "platform/linux/FileManagerFrontFolder.h"
 
+#include "base/FileUri.h"
 #include "desktop/Desktop.h"
 #include "desktop/Program.h"
 #include "support/FakeSurroundings.h"
@@ -152,6 +153,21 @@ TEST_F(FrontFolderTest, AWindowOnAnotherVirtualDesktopDoesNotCount) {
 
     outputOf({"xdotool", "set_desktop_for_window", windowNumber("foo"), "1"});
     EXPECT_TRUE(eventually([&] { return front.path() == noWindow; }));
+}
+
+TEST_F(FrontFolderTest, ALocationThatIsWrittenOnAWindowCounts) {
+    const Program caja({"caja", foo.path()});
+    ASSERT_TRUE(windowAppears("foo"));
+    const auto write = [window = windowNumber("foo")](const std::string& location) {
+        outputOf({"xprop", "-id", window, "-f", "_BLANKWELL_PLUS_LOCATION", "8u", "-set",
+                  "_BLANKWELL_PLUS_LOCATION", location});
+    };
+    write(fileUri(deep));
+    EXPECT_EQ(front.path(), deep.path());
+    write("trash:///");
+    EXPECT_EQ(front.path(), std::nullopt);
+    write(fileUri(foo));
+    EXPECT_EQ(front.path(), foo.path());
 }
 
 TEST_F(FrontFolderTest, DolphinConfirmsHomeAndWhatStandsNearIt) {

@@ -1,9 +1,13 @@
 """Every control of the windows, operated as a screen reader does it, with what comes of it."""
 
+import pathlib
+import subprocess
 import unittest
 
-from accessible_application import (EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
+from accessible_application import (APPLICATION, EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
                                     ApplicationTestCase, Heard, State, press_keys)
+
+COMMAND_LINE = pathlib.Path(APPLICATION).with_name("blankwell")
 
 CONTROL_OPTION_N = (45, 0x1800)
 CONTROL_SHIFT_J = (38, 0x1200)
@@ -188,10 +192,6 @@ class AccessibleMainWindow(ApplicationTestCase):
         self.assert_eventually(
             lambda: (name, "label", "Keep Blankwell+ available from the menu bar only.") in heard)
 
-    def test_opens_the_page_about_the_extension(self):
-        self.press("Open Extension Settings")
-        self.window(EXTENSION)
-
     def assert_asks_before_it_uninstalls(self):
         before = self.domain.read_bytes()
         alert = self.window("Uninstall Blankwell+?")
@@ -235,6 +235,32 @@ class AccessibleMainWindow(ApplicationTestCase):
         self.choose("Quit Blankwell+")
         self.assert_eventually(lambda: self.process.poll() is not None)
         self.assertEqual(self.process.returncode, 0)
+
+
+class AccessibleExtensionPage(ApplicationTestCase):
+    menu = HOME / ".config/caja/scripts/Create File/Markdown"
+
+    def setUp(self):
+        super().setUp()
+        main = self.start_main_window()
+        self.element(main, "push button", "Open Extension Settings").act()
+        self.switch = self.element(self.window(EXTENSION), "check box", "Caja")
+
+    def test_switches_the_menu_of_a_file_manager(self):
+        self.assertFalse(self.switch.has(State.CHECKED))
+        self.switch.act()
+        self.assert_eventually(lambda: self.switch.has(State.CHECKED))
+        self.assertTrue(self.menu.exists())
+        self.switch.act()
+        self.assert_eventually(lambda: not self.switch.has(State.CHECKED))
+        self.assertFalse(self.menu.exists())
+
+    def test_follows_what_the_command_line_changes(self):
+        subprocess.run([COMMAND_LINE, "menus", "on", "caja"], check=True)
+        self.assert_eventually(lambda: self.switch.has(State.CHECKED))
+        subprocess.run([COMMAND_LINE, "menus", "off", "caja"], check=True)
+        self.assert_eventually(lambda: not self.switch.has(State.CHECKED))
+        self.assertFalse(self.menu.exists())
 
 
 class AccessibleFolderAccess(ApplicationTestCase):

@@ -29,9 +29,9 @@ PANEL = "Create File"
 EXTENSION = "Blankwell+ Finder Extension"
 
 
-def eventually(look):
+def eventually(look, patience=PATIENCE):
     """What `look` returns as soon as that is true, or what it returns last."""
-    end = time.monotonic() + PATIENCE
+    end = time.monotonic() + patience
     while True:
         try:
             seen = look()

@@ -2,7 +2,8 @@
 
 import unittest
 
-from accessible_application import (PANEL, WALKTHROUGH, ApplicationTestCase, State, press_keys)
+from accessible_application import (EXTENSION, PANEL, WALKTHROUGH, ApplicationTestCase, State,
+                                    press_keys)
 
 TYPES = ["Text", "Markdown", "Rich Text", "CSV", "JSON", "YAML", "XML", "HTML", "CSS",
          "JavaScript", "Shell Script", "Python", "Swift", "Word Document", "Excel Spreadsheet",
@@ -61,6 +62,14 @@ class FocusOrder(ApplicationTestCase):
             [f"{name} shortcut" for name in moved] +
             ["Grant Home Folder...", "Add Other Folders...", "Add Cloud Folders...",
              "Add External Volumes...", "Open Extension Settings", "Uninstall..."])
+
+    def test_of_the_page_about_the_extension(self):
+        main = self.start_main_window()
+        self.element(main, "push button", "Open Extension Settings").act()
+        page = self.window(EXTENSION)
+        self.element(page, "check box", "PCManFM-Qt")
+        self.assert_tab_leads_through(
+            page, ["Files (Nautilus)", "Dolphin", "Thunar", "Nemo", "Caja", "PCManFM-Qt"])
 
     def test_of_the_walkthrough(self):
         self.start()

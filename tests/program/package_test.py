@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -60,7 +61,13 @@ class Packages(unittest.TestCase):
                              "blankwell-plus")
             depends = run("dpkg-deb", "--field", self.package, "Depends")
             for library in ("libc6", "libqt6widgets6", "libpugixml1v5", "libplist3"):
-                self.assertIn(library, depends)
+                self.assertRegex(depends, rf"\b{library} \(>= \d")
+            self.assertNotIn("extension", depends)
+        with self.subTest("extensions of file managers"):
+            for manager, version in (("nautilus", "4"), ("nemo", "3.0"), ("caja", "2.0")):
+                found = list(self.root.glob(f"usr/lib/*/{manager}/extensions-{version}/"
+                                            f"libblankwell-plus-{manager}.so"))
+                self.assertEqual(len(found), 1, manager)
         with self.subTest("files"):
             subprocess.run(["md5sum", "--check", "--quiet", "DEBIAN/md5sums"], check=True,
                            cwd=self.root)
@@ -70,6 +77,26 @@ class Packages(unittest.TestCase):
                 self.assertEqual(owner, "root/root", name)
                 self.assertRegex(mode, "^(drwxr-xr-x|-rw-r--r--|-rwxr-xr-x|lrwxrwxrwx)$", name)
                 self.assertRegex(name, r"^\./(usr/|$)")
+        with self.subTest("installed and removed"):
+            self.install_and_remove()
+
+    def install_and_remove(self):
+        """In a folder that has the records of the system's packages, so that those count which the
+        package depends on. What is told of them there is that their lists of files are missing."""
+        system = self.folder / "system"
+        records = system / "var/lib/dpkg"
+        for folder in ("info", "updates", "triggers"):
+            (records / folder).mkdir(parents=True)
+        shutil.copy("/var/lib/dpkg/status", records)
+        dpkg = ("unshare", "--map-root-user", "dpkg", "--root", system, "--log=/dev/null",
+                "--force-bad-path")
+        run(*dpkg, "--install", self.package)
+        programs = system / "usr/bin"
+        self.assertRegex(run(programs / "blankwell", "--version"), r"^blankwell \d")
+        self.assertRegex(run(programs / "blankwell-plus", "--version"), r"^blankwell-plus \d")
+        self.assertEqual(run(*dpkg, "--verify", "blankwell-plus"), "")
+        run(*dpkg, "--purge", "blankwell-plus")
+        self.assertEqual(os.listdir(system), ["var"])
 
 
 if __name__ == "__main__":

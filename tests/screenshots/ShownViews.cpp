@@ -159,8 +159,14 @@ View uninstallCard(Stage& stage) {
 }
 
 View extensionPage(Stage& stage) {
-    auto view = std::make_unique<ExtensionPageView>(stage.theme, stage.settings);
-    view->resize(560, 440);
+    for (const auto manager : allFileManagers) {
+        stage.installation.menus[manager] = manager != FileManager::nautilus;
+    }
+    stage.installation.withoutPackage = {FileManager::nautilus};
+    stage.menus.refresh();
+    stage.menus.turn(FileManager::thunar, false);
+    auto view = std::make_unique<ExtensionPageView>(stage.theme, stage.settings, stage.menus);
+    view->resize(580, 920);
     return view;
 }
 

@@ -194,6 +194,34 @@ TEST_F(FileManagerMenuFilesTest, NautilusHasAnExtension) {
                                                  ")\n"));
 }
 
+TEST_F(FileManagerMenuFilesTest, AnExtensionReadsWhatItShows) {
+    places.program = FileUrl("/my B.app/blankwell");
+    const auto menu = menuOf({"docx", "md", "txt"});
+    const auto all = extensionMenuFiles(FileManager::nemo, menu, places);
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(file(all[0]).url.path(), "/h/.local/share/blankwell-plus/menus/nemo");
+    EXPECT_FALSE(file(all[0]).isProgram);
+    EXPECT_EQ(file(all[0]).contents,
+              "# Made by Blankwell+ (app.blankwell.BlankwellPlus), which replaces it.\n"
+              "[Menu]\n"
+              "Title=Create File\n"
+              "Program=file:///my%20B.app/blankwell\n"
+              "Types=md;txt;-;docx;\n"
+              "\n"
+              "[Type md]\n"
+              "Name=Markdown\n"
+              "Icon=text-x-generic\n"
+              "\n"
+              "[Type txt]\n"
+              "Name=Text\n"
+              "Icon=text-x-generic\n"
+              "\n"
+              "[Type docx]\n"
+              "Name=Word Document\n"
+              "Icon=x-office-document\n");
+    EXPECT_THAT(extensionMenuFiles(FileManager::nemo, {}, places), IsEmpty());
+}
+
 TEST_F(FileManagerMenuFilesTest, AnyPathOfTheProgramIsQuoted) {
     places.program = FileUrl("/a b/it's \"100%\" $x\n\\/blankwell");
     const auto command = [&](FileManager manager) {

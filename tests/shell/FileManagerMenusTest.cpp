@@ -26,6 +26,14 @@ struct FileManagerMenusTest : testing::Test {
         return texts;
     }
 
+    std::vector<std::string> paths(const std::string& group) {
+        std::vector<std::string> paths;
+        for (const auto& registration : registrations.held[group]) {
+            paths.push_back(std::get<RegisteredFile>(registration).url.path());
+        }
+        return paths;
+    }
+
     FakeUserDefaults defaults;
     FakeLog log;
     AppSettings settings{defaults, log};
@@ -52,6 +60,24 @@ TEST_F(FileManagerMenusTest, NautilusNeedsItsPackage) {
     const auto turned = menus.turn(nautilus, true);
     ASSERT_FALSE(turned);
     EXPECT_EQ(turned.error().description, "Files (Nautilus): needs the package python3-nautilus.");
+}
+
+TEST_F(FileManagerMenusTest, WhereTheSystemHasAnExtensionThatMakesTheMenu) {
+    programs.takesPython = false;
+    programs.extended = {"nautilus", "caja", "thunar"};
+    ASSERT_TRUE(menus.refresh());
+    EXPECT_EQ(descriptions()[0], "nautilus: on");
+    EXPECT_THAT(paths("menu.nautilus"), ElementsAre("/data/blankwell-plus/menus/nautilus"));
+    EXPECT_THAT(paths("menu.caja"), ElementsAre("/data/blankwell-plus/menus/caja"));
+    EXPECT_TRUE(std::holds_alternative<RegisteredActions>(registrations.held["menu.thunar"][0]))
+        << "there is no extension of Thunar";
+}
+
+TEST_F(FileManagerMenusTest, OnlyWithoutAnExtensionAChangeIsSeenAfterARestart) {
+    EXPECT_TRUE(menus.states()[0].mustRestart);
+    EXPECT_FALSE(menus.states()[4].mustRestart);
+    programs.extended = {"nautilus"};
+    EXPECT_FALSE(menus.states()[0].mustRestart);
 }
 
 TEST_F(FileManagerMenusTest, WhatTheUserSwitchedOffStaysOff) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 namespace blankwell {
 
@@ -27,8 +28,12 @@ public:
         for (const auto manager : allFileManagers) {
             const auto found = menus.find(manager);
             using enum FileManagerMenuState::Availability;
-            states.push_back({manager, found == menus.end() ? notInstalled : available,
-                              found != menus.end() && found->second});
+            const auto availability = withoutPackage.contains(manager) ? needsPackage
+                                      : found == menus.end()           ? notInstalled
+                                                                       : available;
+            states.push_back({manager, availability,
+                              found != menus.end() && found->second && hasTypes,
+                              infoOf(manager).mustRestart});
         }
         return states;
     }
@@ -42,6 +47,9 @@ public:
     }
 
     std::map<FileManager, bool> menus{{FileManager::dolphin, true}, {FileManager::thunar, false}};
+    std::set<FileManager> withoutPackage;
+    /// False where all file types are switched off, which leaves nothing for a menu.
+    bool hasTypes = true;
     std::vector<std::pair<FileManager, bool>> turned;
     bool isUnregistered = false;
     std::optional<SystemError> failWith;

@@ -51,7 +51,13 @@ public:
 
     bool nautilusTakesPython() const override { return takesPython; }
 
+    bool hasExtension(std::string_view program) const override {
+        return extended.contains(program);
+    }
+
     std::set<std::string, std::less<>> names;
+    /// Those with the application's own extension.
+    std::set<std::string, std::less<>> extended;
     bool takesPython = true;
 };
 

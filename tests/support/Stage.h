@@ -2,9 +2,11 @@
 
 #include "settings/ShortcutSettingsView.h"
 #include "support/FakeAppearance.h"
+#include "support/FakeInstallation.h"
 #include "support/FakePresenceController.h"
 #include "views/ContentView.h"
 #include "views/ExtensionStatusModel.h"
+#include "views/FileManagerMenusModel.h"
 #include "widgets/Theme.h"
 
 namespace blankwell {
@@ -50,6 +52,8 @@ struct Stage : FakePresenceController {
     ObjectWillChange failuresWillChange;
     Published<HotKeyFailures> hotKeyFailures{failuresWillChange, {}};
     ExtensionStatusModel extensionStatus{workspace};
+    FakeInstallation installation;
+    FileManagerMenusModel menus{installation};
 };
 
 } // namespace blankwell

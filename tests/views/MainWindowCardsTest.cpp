@@ -5,8 +5,6 @@
 #include "support/FakePresenceController.h"
 #include "support/FakeUserDefaults.h"
 #include "views/AppPresenceView.h"
-#include "views/ExtensionPageContent.h"
-#include "views/ExtensionPageView.h"
 #include "views/ExtensionStatusModel.h"
 #include "views/ExtensionStatusView.h"
 #include "widgets/PushButton.h"
@@ -23,7 +21,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 /// What is to be read on `view`, from top to bottom.
 std::vector<std::string> texts(const QWidget& view) {
@@ -93,14 +90,6 @@ TEST_F(MainWindowCardsTest, WhereTheFirstSettingsDoNotOpenTheSecondDo) {
     QTest::mouseClick(view.findChild<PushButton*>(), Qt::LeftButton);
     EXPECT_THAT(events,
                 ElementsAre("open x-apple.systempreferences:com.apple.ExtensionsPreferences"));
-}
-
-TEST_F(MainWindowCardsTest, TheExtensionPageTellsTheShortcutOfTheMoment) {
-    const ExtensionPageView view(theme, settings);
-    EXPECT_THAT(texts(view), Contains(HasSubstr("Press ⌃ + ⌥ + N to open Quick Create")));
-    settings.quickCreateShortcut.set({.keyCode = 46, .carbonModifiers = 0x1800});
-    EXPECT_THAT(texts(view), Contains(HasSubstr("Press ⌃ + ⌥ + M to open Quick Create")));
-    EXPECT_EQ(texts(view).size(), 2 + extensionPageContent("").rows.size());
 }
 
 } // namespace

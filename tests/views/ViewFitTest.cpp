@@ -75,7 +75,9 @@ View creationGuide(Stage& stage) {
 }
 
 View extensionPage(Stage& stage) {
-    return std::make_unique<ExtensionPageView>(stage.theme, stage.settings);
+    stage.installation.withoutPackage = {FileManager::nautilus};
+    stage.menus.turn(FileManager::thunar, true);
+    return std::make_unique<ExtensionPageView>(stage.theme, stage.settings, stage.menus);
 }
 
 const std::vector<Scene>& scenes() {

@@ -42,7 +42,8 @@ Program::Program(const FileUrl& programFolder)
                                         homeFolder(account_).path())),
       domains_(preferences_, bundleIdentifier),
       settings_(sharedDefaults(domains_), *log_),
-      settingsWatch_(preferences_, appGroupIdentifier, settings_, *log_),
+      settingsWatch_(
+          preferences_, appGroupIdentifier, [this] { settings_.reloadFromStore(); }, *log_),
       frontFolder_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -144,6 +145,10 @@ Program::Program(const FileUrl& programFolder)
       }),
       installation_(
           makeInstallation(programFolder, {environment_, account_, settings_, domains_, *log_})),
+      menus_(installation_ ? installation_->installation()
+                           : static_cast<Installation&>(noInstallation_)),
+      registrationsWatch_(
+          preferences_, bundleIdentifier, [this] { menus_.refresh(); }, *log_),
       windows_(
           {
               .theme = theme_,
@@ -170,6 +175,7 @@ Program::Program(const FileUrl& programFolder)
                   },
               .bundle = bundle_,
               .workspace = workspace_,
+              .menus = menus_,
               .uninstaller = uninstaller_,
               .updater = selfUpdater_,
               .presence = presence_,

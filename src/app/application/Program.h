@@ -5,9 +5,9 @@
 #include "app/AppDelegate.h"
 #include "app/FinderRequestHandler.h"
 #include "app/RemoteRequests.h"
+#include "app/application/DomainWatch.h"
 #include "app/application/HotKeys.h"
 #include "app/application/QtQuickCreatePanels.h"
-#include "app/application/SettingsWatch.h"
 #include "app/application/UpdateJobLoader.h"
 #include "app/application/UpdateWindow.h"
 #include "app/application/Windows.h"
@@ -47,7 +47,9 @@
 #include "shell/AppPresenceController.h"
 #include "shell/AppUninstaller.h"
 #include "shell/BlankwellSelfUpdater.h"
+#include "shell/UnavailableInstallation.h"
 #include "updates/StandardUpdaters.h"
+#include "views/FileManagerMenusModel.h"
 #include "widgets/Theme.h"
 
 #include <memory>
@@ -103,7 +105,7 @@ private:
     std::string preferences_;
     XdgPreferenceDomains domains_;
     AppSettings settings_;
-    SettingsWatch settingsWatch_;
+    DomainWatch settingsWatch_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_{domains_, bookmarks_, order_, *log_};
@@ -144,6 +146,9 @@ private:
     AppDelegate delegate_;
     /// Nothing inside of a sandbox.
     std::unique_ptr<DesktopInstallation> installation_;
+    UnavailableInstallation noInstallation_;
+    FileManagerMenusModel menus_;
+    DomainWatch registrationsWatch_;
     Windows windows_;
     Subscription sweep_;
     Subscription enabledTypes_;

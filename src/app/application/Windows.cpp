@@ -78,7 +78,8 @@ SceneWindow& Windows::helpWindow() {
 SceneWindow& Windows::extensionWindow() {
     if (!extensionWindow_) {
         extensionWindow_ = std::make_unique<SceneWindow>(
-            extensionWindowScene, new ExtensionPageView(services_.theme, services_.settings));
+            extensionWindowScene,
+            new ExtensionPageView(services_.theme, services_.settings, services_.menus));
         follow(*extensionWindow_);
     }
     return *extensionWindow_;

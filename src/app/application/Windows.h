@@ -15,6 +15,7 @@ namespace blankwell {
 class ApplicationPresence;
 class BlankwellSelfUpdater;
 class Bundle;
+class FileManagerMenusModel;
 class MainQueue;
 class QtApplication;
 class SceneWindow;
@@ -33,6 +34,7 @@ public:
         FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;
         Workspace& workspace;
+        FileManagerMenusModel& menus;
         UninstallFlow& uninstaller;
         BlankwellSelfUpdater& updater;
         ApplicationPresence& presence;

@@ -1,11 +1,11 @@
 #include "app/cli/Program.h"
 
-#include "app/cli/UnavailableInstallation.h"
 #include "platform/Identifiers.h"
 #include "platform/RealHome.h"
 #include "platform/Sandbox.h"
 #include "platform/linux/UnavailableLoginItem.h"
 #include "platform/linux/XdgPreferenceDomains.h"
+#include "shell/UnavailableInstallation.h"
 
 namespace blankwell::cli {
 namespace {} // namespace

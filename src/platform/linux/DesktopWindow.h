@@ -26,6 +26,9 @@ struct DesktopWindow {
     std::string role;
     /// `_GTK_WINDOW_OBJECT_PATH`: the window on the bus name of its program.
     std::string objectPath;
+    /// `_BLANKWELL_PLUS_LOCATION`: the URI of what a file manager's window shows, where it has the
+    /// application's own extension that writes it there.
+    std::string location;
     /// `_NET_WM_PID`.
     std::uint32_t processId = 0;
     Kind kind = Kind::normal;

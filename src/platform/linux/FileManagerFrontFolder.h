@@ -13,6 +13,7 @@ namespace blankwell {
 /// The folder in the frontmost file manager window on an X11 display, XWayland's among them.
 /// Nothing is started for it, and only an exact answer counts:
 ///
+/// - A window that the application's own extension has written its location on shows that.
 /// - Nautilus says which folders its windows show.
 /// - Dolphin is asked whether it shows one of the folders that can be thought of: home, the user's
 ///   own folders, `roots`, mounted volumes and the top, and what is called like the window there or

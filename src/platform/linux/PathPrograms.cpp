@@ -2,6 +2,7 @@
 
 #include "platform/Environment.h"
 
+#include <fmt/core.h>
 #include <glob.h>
 #include <unistd.h>
 
@@ -15,6 +16,16 @@ namespace {
 bool isProgram(const std::string& path) {
     std::error_code error;
     return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
+}
+
+/// Whether the system has a module called `name` for the file manager `program`.
+bool hasModule(std::string_view program, std::string_view name) {
+    // The folder is named after the machine and after the version of the interface.
+    const auto pattern = fmt::format("/usr/lib*/{{,*/}}{}/extensions-*/{}", program, name);
+    glob_t found{};
+    const bool isFound = ::glob(pattern.c_str(), GLOB_BRACE | GLOB_NOSORT, nullptr, &found) == 0;
+    ::globfree(&found);
+    return isFound;
 }
 
 } // namespace
@@ -36,12 +47,11 @@ bool PathPrograms::has(std::string_view program) const {
 }
 
 bool PathPrograms::nautilusTakesPython() const {
-    // The folder is named after the machine and after the version of the interface.
-    constexpr auto pattern = "/usr/lib*/{,*/}nautilus/extensions-*/libnautilus-python.so";
-    glob_t found{};
-    const bool isFound = ::glob(pattern, GLOB_BRACE | GLOB_NOSORT, nullptr, &found) == 0;
-    ::globfree(&found);
-    return isFound;
+    return hasModule("nautilus", "libnautilus-python.so");
+}
+
+bool PathPrograms::hasExtension(std::string_view program) const {
+    return hasModule(program, fmt::format("libblankwell-plus-{}.so", program));
 }
 
 } // namespace blankwell

@@ -14,6 +14,7 @@ public:
 
     [[nodiscard]] bool has(std::string_view program) const override;
     [[nodiscard]] bool nautilusTakesPython() const override;
+    [[nodiscard]] bool hasExtension(std::string_view program) const override;
 
 private:
     const Environment& environment_;

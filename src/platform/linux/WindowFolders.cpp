@@ -1,5 +1,6 @@
 #include "platform/linux/WindowFolders.h"
 
+#include "base/FileUri.h"
 #include "platform/linux/AccessibleFolder.h"
 #include "platform/linux/DolphinFolder.h"
 #include "platform/linux/FolderTitles.h"
@@ -62,6 +63,9 @@ std::optional<FileUrl> WindowFolders::ask(const FileManagerWindow& front,
     const auto& window = front.window;
     if (window.kind == DesktopWindow::Kind::desktop) {
         return wellKnown_.desktop(home_);
+    }
+    if (!window.location.empty()) {
+        return fileOfUri(window.location);
     }
     switch (front.fileManager) {
     case FileManager::nautilus:

@@ -33,6 +33,7 @@ enum Atom : std::size_t {
     netWmName,
     role,
     objectPath,
+    location,
     processId,
     windowType,
     typeNormal,
@@ -49,6 +50,7 @@ constexpr std::array<std::string_view, atomCount> atomNames = {
     "_NET_WM_NAME",
     "WM_WINDOW_ROLE",
     "_GTK_WINDOW_OBJECT_PATH",
+    "_BLANKWELL_PLUS_LOCATION",
     "_NET_WM_PID",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_NORMAL",
@@ -128,6 +130,7 @@ public:
           title_(ask(connection, window, atoms[netWmName])),
           role_(ask(connection, window, atoms[role])),
           objectPath_(ask(connection, window, atoms[objectPath])),
+          location_(ask(connection, window, atoms[location])),
           processId_(ask(connection, window, atoms[processId])),
           type_(ask(connection, window, atoms[windowType])),
           transientFor_(ask(connection, window, XCB_ATOM_WM_TRANSIENT_FOR)),
@@ -142,6 +145,7 @@ public:
             .title = std::string(answer(title_).text()),
             .role = std::string(answer(role_).text()),
             .objectPath = std::string(answer(objectPath_).text()),
+            .location = std::string(answer(location_).text()),
             .processId = answer(processId_).number().value_or(0),
             .kind = kind(answer(type_).number(), answer(transientFor_).number()),
             .isHidden = std::ranges::find(states, atoms_[stateHidden]) != states.end(),
@@ -184,6 +188,7 @@ private:
     xcb_get_property_cookie_t title_;
     xcb_get_property_cookie_t role_;
     xcb_get_property_cookie_t objectPath_;
+    xcb_get_property_cookie_t location_;
     xcb_get_property_cookie_t processId_;
     xcb_get_property_cookie_t type_;
     xcb_get_property_cookie_t transientFor_;

@@ -5,10 +5,12 @@
 #include "platform/qt/QtApplication.h"
 #include "settings/ShortcutSettingsView.h"
 #include "shell/UninstallView.h"
+#include "support/FakeInstallation.h"
 #include "support/FakePresenceController.h"
 #include "views/AppPresenceView.h"
 #include "views/ExtensionPageView.h"
 #include "views/ExtensionStatusView.h"
+#include "views/FileManagerMenusModel.h"
 #include "views/FileTypesListView.h"
 #include "views/MainHeaderView.h"
 #include "widgets/PushButton.h"
@@ -68,6 +70,8 @@ struct WindowsTest : WidgetTest {
 
     FakePresenceController fakes;
     QtApplication application;
+    FakeInstallation installation;
+    FileManagerMenusModel fileManagerMenus{installation};
     int timesLastClosed = 0;
     Windows windows{{
                         .theme = theme,
@@ -89,6 +93,7 @@ struct WindowsTest : WidgetTest {
                             },
                         .bundle = fakes.bundle,
                         .workspace = fakes.workspace,
+                        .menus = fileManagerMenus,
                         .uninstaller = fakes.uninstaller,
                         .updater = fakes.updater(),
                         .presence = fakes.applicationPresence,

@@ -3,6 +3,7 @@
 #include "platform/Log.h"
 #include "platform/linux/PreferenceDomainWatch.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -11,18 +12,16 @@ class QSocketNotifier;
 
 namespace blankwell {
 
-class AppSettings;
-
-/// Lets the settings take in what other processes write to their domain.
-class SettingsWatch {
+/// Tells, in the event loop, when a preference domain was written by this process or another.
+class DomainWatch {
 public:
     /// Watches the domain `name` in `directory`. Where that is impossible it is logged, and changes
-    /// by others are seen at the next start. Both must outlive this object.
-    SettingsWatch(std::string_view directory, std::string_view name, AppSettings& settings,
-                  Log& log);
-    ~SettingsWatch();
+    /// by others are seen at the next start.
+    DomainWatch(std::string_view directory, std::string_view name, std::function<void()> changed,
+                Log& log);
+    ~DomainWatch();
 
-    /// Hears of no further change.
+    /// Tells of no further change.
     void end();
 
 private:

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-namespace blankwell::cli {
+namespace blankwell {
 
 /// The installation as a sandboxed program has it: what is on the user's desktop cannot be seen.
 class UnavailableInstallation : public Installation {
@@ -18,7 +18,7 @@ public:
     [[nodiscard]] std::vector<FileManagerMenuState> menuStates() override {
         std::vector<FileManagerMenuState> states;
         for (const auto manager : allFileManagers) {
-            states.push_back({manager, FileManagerMenuState::Availability::notInstalled, false});
+            states.push_back({manager, FileManagerMenuState::Availability::outOfReach, false});
         }
         return states;
     }
@@ -34,4 +34,4 @@ private:
     }
 };
 
-} // namespace blankwell::cli
+} // namespace blankwell
