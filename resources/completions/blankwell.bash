@@ -4,7 +4,7 @@ _blankwell() {
     local current=${COMP_WORDS[COMP_CWORD]} command=${COMP_WORDS[1]-}
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W 'create open quick-create types folders autostart menus install unregister --help --version --verbose' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'create open quick-create types folders autostart menus install unregister uninstall --help --version --verbose' -- "$current")
         return
     fi
     case $command in
@@ -37,6 +37,9 @@ _blankwell() {
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
         fi
+        ;;
+    uninstall)
+        mapfile -t COMPREPLY < <(compgen -W '--yes' -- "$current")
         ;;
     types)
         mapfile -t COMPREPLY < <(compgen -W '--json' -- "$current")

@@ -4,7 +4,7 @@ function __blankwell_types
     blankwell types 2>/dev/null | string replace -r '^(\S+) +\S+ +(.*\S)  +(.*)$' '$1\t$2 ($3)'
 end
 
-set -l commands create open quick-create types folders autostart menus install unregister
+set -l commands create open quick-create types folders autostart menus install unregister uninstall
 
 complete -c blankwell -f
 complete -c blankwell -s h -l help -d 'Print a summary'
@@ -19,11 +19,13 @@ complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a autostar
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a menus -d 'Give file managers a menu to create files, or take it'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a install -d 'Copy the application and make it known to the desktop'
 complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a unregister -d 'Take back all by which the desktop knows it'
+complete -c blankwell -n "not __fish_seen_subcommand_from $commands" -a uninstall -d 'Move the application to the Trash and remove its settings'
 
 complete -c blankwell -n '__fish_seen_subcommand_from menus; and test (count (commandline -opc)) -eq 2' -a list -d 'List the file managers'
 complete -c blankwell -n '__fish_seen_subcommand_from menus; and test (count (commandline -opc)) -eq 2' -a on -d 'Give them the menu'
 complete -c blankwell -n '__fish_seen_subcommand_from menus; and test (count (commandline -opc)) -eq 2' -a off -d 'Take it from them'
 complete -c blankwell -n '__fish_seen_subcommand_from menus; and __fish_seen_subcommand_from on off' -a "(blankwell menus list 2>/dev/null | string replace -r ' +' '\t')"
+complete -c blankwell -n '__fish_seen_subcommand_from uninstall' -l yes -d 'Do not ask'
 complete -c blankwell -n '__fish_seen_subcommand_from install' -l to -x -a '(__fish_complete_directories)' -d 'Into this folder'
 complete -c blankwell -n '__fish_seen_subcommand_from create; and test (count (commandline -opc)) -eq 2' -a '(__blankwell_types)'
 complete -c blankwell -n '__fish_seen_subcommand_from create; and test (count (commandline -opc)) -eq 3' -a '(__fish_complete_directories)'

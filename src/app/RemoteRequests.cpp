@@ -1,6 +1,7 @@
 #include "app/RemoteRequests.h"
 
 #include "app/FinderRequestHandler.h"
+#include "platform/ApplicationPresence.h"
 #include "platform/MainQueue.h"
 #include "quickcreate/DesktopCreationController.h"
 
@@ -33,6 +34,8 @@ void RemoteRequests::perform(std::string_view action) {
         services_.creation.showQuickCreatePanel();
     } else if (action.starts_with(createActionPrefix)) {
         services_.creation.createFromShortcut(action.substr(createActionPrefix.size()));
+    } else if (action == quitAction) {
+        services_.presence.terminate();
     } else {
         logger_.error("Unknown action requested: {}", action);
     }

@@ -5,6 +5,7 @@
 
 namespace blankwell {
 
+class ApplicationPresence;
 class DesktopCreationController;
 class FinderRequestHandler;
 class MainQueue;
@@ -17,6 +18,7 @@ public:
     struct Services {
         DesktopCreationController& creation;
         FinderRequestHandler& requestHandler;
+        ApplicationPresence& presence;
         MainQueue& mainQueue;
         Log& log;
     };
@@ -27,7 +29,7 @@ public:
     void activate() override;
     void open(std::vector<std::string> urls) override;
 
-    /// Knows "quick-create", and "create-" with the id of a file type. Any other is logged.
+    /// Knows "quick-create", "create-" with the id of a file type, and "quit". Any other is logged.
     void activateAction(std::string_view action) override;
 
 private:

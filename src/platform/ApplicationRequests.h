@@ -9,6 +9,9 @@ namespace blankwell {
 /// The action that opens the Quick Create panel.
 inline constexpr std::string_view quickCreateAction = "quick-create";
 
+/// The action that ends the application.
+inline constexpr std::string_view quitAction = "quit";
+
 /// What other programs of the session ask of the running application. Each call takes note and
 /// returns at once.
 class ApplicationRequests {

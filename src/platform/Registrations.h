@@ -62,9 +62,16 @@ struct RegisteredActions {
     friend bool operator==(const RegisteredActions&, const RegisteredActions&) = default;
 };
 
+/// Something that the application puts there by itself, for which only the folders are made.
+struct RegisteredPlace {
+    FileUrl url;
+
+    friend bool operator==(const RegisteredPlace&, const RegisteredPlace&) = default;
+};
+
 /// One thing in the user's folders by which other programs learn of the application.
-using Registration =
-    std::variant<RegisteredFile, RegisteredLink, RegisteredEntry, RegisteredActions>;
+using Registration = std::variant<RegisteredFile, RegisteredLink, RegisteredEntry,
+                                  RegisteredActions, RegisteredPlace>;
 
 /// What the application has put into the user's folders, in groups that come and go as a whole. A
 /// list of it is kept, which is never shorter than the truth, whenever the process ends.

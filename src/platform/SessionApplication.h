@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/SystemError.h"
+
 #include <expected>
 #include <string>
 #include <string_view>
@@ -44,6 +46,10 @@ public:
 
     /// The action of this name is to be performed.
     [[nodiscard]] virtual Taken activateAction(std::string_view action) = 0;
+
+    /// Where it runs, asks it to end in its orderly way and waits until its process has ended, for
+    /// a bounded time. Starts nothing. Error: it still runs.
+    [[nodiscard]] virtual std::expected<void, SystemError> quit() = 0;
 };
 
 } // namespace blankwell

@@ -54,12 +54,11 @@ AppUninstallError uninstallError(const FileManagerScriptFailure& failure) {
         failure.reason);
 }
 
-AlertContent uninstallFailedAlert(const AppUninstallError& error) {
+AlertContent uninstallFailedAlert(std::string_view reason) {
     return {
         .style = AlertContent::Style::warning,
         .messageText = "Could not uninstall Blankwell+",
-        .informativeText =
-            fmt::format("{}\n\n{}", error.description(), uninstallRecoverySuggestion),
+        .informativeText = fmt::format("{}\n\n{}", reason, uninstallRecoverySuggestion),
     };
 }
 

@@ -76,7 +76,8 @@ inline constexpr std::string_view uninstallRecoverySuggestion =
 /// What the file manager's refusal means for the user.
 [[nodiscard]] AppUninstallError uninstallError(const FileManagerScriptFailure& failure);
 
-/// What tells the user that the application is still there, why, and what to do.
-[[nodiscard]] AlertContent uninstallFailedAlert(const AppUninstallError& error);
+/// What tells the user that the application is still there, why (in a complete text), and what to
+/// do.
+[[nodiscard]] AlertContent uninstallFailedAlert(std::string_view reason);
 
 } // namespace blankwell

@@ -9,7 +9,6 @@
 #include "platform/InstallationTraces.h"
 #include "platform/MainQueue.h"
 #include "platform/Timer.h"
-#include "quickcreate/DesktopCreationController.h"
 
 #include <fmt/core.h>
 
@@ -43,9 +42,12 @@ void AppUninstaller::uninstall() {
     if (isUnderWay_ || !isConfirmed()) {
         return;
     }
-    services_.creation.stop();
+    if (const auto stopped = services_.stop(); !stopped) {
+        tell(stopped.error().description);
+        return;
+    }
     if (!isAppBundle(bundle_)) {
-        tell({AppUninstallError::NotRunningFromAppBundle{bundle_}});
+        tell(AppUninstallError{AppUninstallError::NotRunningFromAppBundle{bundle_}}.description());
         return;
     }
     isUnderWay_ = true;
@@ -165,12 +167,12 @@ void AppUninstaller::succeed(const FileUrl& trashLocation) {
 void AppUninstaller::fail(const AppUninstallError& error) {
     isUnderWay_ = false;
     services_.fileManagers.relaunch();
-    tell(error);
+    tell(error.description());
 }
 
-void AppUninstaller::tell(const AppUninstallError& error) const {
+void AppUninstaller::tell(std::string_view reason) const {
     services_.application.activate();
-    services_.alert.runModal(uninstallFailedAlert(error));
+    services_.alert.runModal(uninstallFailedAlert(reason));
 }
 
 } // namespace blankwell

@@ -9,6 +9,7 @@
 #include "shell/UninstallFlow.h"
 
 #include <expected>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,7 +21,6 @@ class Alert;
 class Application;
 class ApplicationPresence;
 class Bundle;
-class DesktopCreationController;
 class FileSystem;
 class InstallationTraces;
 class MainQueue;
@@ -35,7 +35,9 @@ class AppUninstaller : public UninstallFlow {
 public:
     /// What an uninstallation uses. All must outlive the object.
     struct Services {
-        DesktopCreationController& creation;
+        /// Ends what the application does in the session: hot keys and the panel. An error ends the
+        /// uninstallation with it.
+        std::function<std::expected<void, SystemError>()> stop;
         Alert& alert;
         const Bundle& bundle;
         const FileSystem& fileSystem;
@@ -54,6 +56,9 @@ public:
     /// Asks first. While one uninstallation is under way, another wish changes nothing.
     void uninstall() override;
 
+    /// Whether one was begun and has not failed. What follows a success is the application's end.
+    [[nodiscard]] bool isUnderWay() const { return isUnderWay_; }
+
 private:
     /// Where the bundle is after an attempt to move it to the Trash; or why it is not, for the
     /// user.
@@ -71,7 +76,7 @@ private:
     bool settles(const Attempt& attempt, std::string_view service);
     void succeed(const FileUrl& trashLocation);
     void fail(const AppUninstallError& error);
-    void tell(const AppUninstallError& error) const;
+    void tell(std::string_view reason) const;
 
     Services services_;
     FileUrl bundle_;

@@ -14,7 +14,9 @@ namespace blankwell {
 namespace {
 
 constexpr std::string_view group = "application";
+constexpr std::string_view placeGroup = "place";
 constexpr std::string_view bundleKey = "registeredBundle";
+constexpr std::string_view identityKey = "registeredBundleIdentity";
 
 FileUrl programFolderOf(const FileUrl& bundle) {
     return bundle.appending("Contents/Linux");
@@ -37,8 +39,8 @@ BundleInstallation::install(const std::optional<FileUrl>& folder) {
             SystemError{SystemError::Domain::posix, ENOENT,
                         "This program is not in a bundle, so there is nothing to install."});
     }
-    auto bundle = services_.bundles.copyInto(
-        folder.value_or(places_.home.appending("Applications")), *running_.bundle);
+    const auto usual = places_.home.appending("Applications");
+    auto bundle = !folder && isMoved() ? *running_.bundle : copyInto(folder.value_or(usual));
     if (!bundle) {
         return bundle;
     }
@@ -48,12 +50,18 @@ BundleInstallation::install(const std::optional<FileUrl>& folder) {
 
 std::expected<void, SystemError> BundleInstallation::unregister() {
     std::expected<void, SystemError> result;
+    const auto note = [&](const std::expected<void, SystemError>& done) {
+        result = result ? done : result;
+    };
+    const bool stands = running_.bundle && services_.bundles.stands(*running_.bundle);
     for (const auto& name : services_.registrations.groups()) {
-        const auto cleared = services_.registrations.clear(name);
-        result = result ? cleared : result;
+        if (name != placeGroup || !stands) {
+            note(services_.registrations.clear(name));
+        }
     }
-    const auto forgotten = services_.list.remove(bundleKey);
-    return result ? forgotten : result;
+    note(services_.list.remove(bundleKey));
+    note(services_.list.remove(identityKey));
+    return result;
 }
 
 std::vector<FileManagerMenuState> BundleInstallation::menuStates() {
@@ -99,6 +107,39 @@ bool BundleInstallation::isAnotherRegistered() const {
            services_.bundles.stands(FileUrl(*registered));
 }
 
+/// Whether the running bundle is the registered one at another place.
+bool BundleInstallation::isMoved() const {
+    const auto registered = services_.list.read<std::string>(bundleKey);
+    const auto identity = services_.list.read<std::string>(identityKey);
+    return registered && identity && !services_.bundles.stands(FileUrl(*registered)) &&
+           services_.bundles.identity(*running_.bundle) == identity;
+}
+
+std::expected<FileUrl, SystemError> BundleInstallation::copyInto(const FileUrl& folder) {
+    const auto place = folder.appending(running_.bundle->lastPathComponent());
+    // First, so that the folders that are made are known as ours.
+    if (const auto listed = services_.registrations.set(placeGroup, {RegisteredPlace{place}});
+        !listed) {
+        return std::unexpected(listed.error());
+    }
+    auto copied = services_.bundles.copyInto(folder, *running_.bundle);
+    if (!copied && services_.list.read<std::string>(bundleKey) != place.path()) {
+        // What failed to come is told; folders that cannot go either stay.
+        static_cast<void>(services_.registrations.clear(placeGroup));
+    }
+    return copied;
+}
+
+/// Without a value the key is absent.
+std::expected<void, SystemError>
+BundleInstallation::remember(std::string_view key, const std::optional<std::string>& value) {
+    if (!value) {
+        return services_.list.remove(key);
+    }
+    return services_.list.read<std::string>(key) == value ? std::expected<void, SystemError>()
+                                                          : services_.list.set(key, *value);
+}
+
 FileManagerMenus BundleInstallation::menusOf(const FileUrl& programFolder) const {
     return {
         {
@@ -118,7 +159,9 @@ FileManagerMenus BundleInstallation::menusOf(const FileUrl& programFolder) const
 }
 
 std::expected<void, SystemError> BundleInstallation::registerBundle(const FileUrl& bundle) {
-    auto result = services_.list.set(bundleKey, bundle.path());
+    auto result = remember(bundleKey, bundle.path());
+    const auto identified = remember(identityKey, services_.bundles.identity(bundle));
+    result = result ? identified : result;
     const auto applied = services_.registrations.set(
         group, applicationRegistrations(bundle, places_, running_.templates));
     result = result ? applied : result;

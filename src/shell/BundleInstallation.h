@@ -6,6 +6,8 @@
 #include "shell/Installation.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace blankwell {
 
@@ -64,6 +66,10 @@ public:
 private:
     [[nodiscard]] bool isPackaged() const;
     [[nodiscard]] bool isAnotherRegistered() const;
+    [[nodiscard]] bool isMoved() const;
+    std::expected<FileUrl, SystemError> copyInto(const FileUrl& folder);
+    std::expected<void, SystemError> remember(std::string_view key,
+                                              const std::optional<std::string>& value);
     [[nodiscard]] FileManagerMenus menusOf(const FileUrl& programFolder) const;
     std::expected<void, SystemError> registerBundle(const FileUrl& bundle);
 

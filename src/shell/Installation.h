@@ -17,10 +17,12 @@ public:
     virtual ~Installation() = default;
 
     /// Copies the bundle into `folder`, or into the usual one, and registers the copy. Returns its
-    /// place. Where the bundle stands there already it is only registered.
+    /// place. Where the bundle stands there already it is only registered; so is, without `folder`,
+    /// an installed bundle that was moved.
     virtual std::expected<FileUrl, SystemError> install(const std::optional<FileUrl>& folder) = 0;
 
-    /// Takes away all that was registered: exactly what is on the list.
+    /// Takes away all that was registered: exactly what is on the list. Folders that were made for
+    /// the bundle stay until it has gone.
     virtual std::expected<void, SystemError> unregister() = 0;
 
     [[nodiscard]] virtual std::vector<FileManagerMenuState> menuStates() = 0;

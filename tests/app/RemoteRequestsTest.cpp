@@ -1,5 +1,6 @@
 #include "app/RemoteRequests.h"
 
+#include "support/FakeApplicationPresence.h"
 #include "support/FakeCreationController.h"
 
 #include <gmock/gmock.h>
@@ -29,9 +30,11 @@ struct RemoteRequestsTest : testing::Test, FakeCreationController {
         return paths;
     }
 
+    FakeApplicationPresence presence{events};
     RemoteRequests requests{{
         .creation = controller,
         .requestHandler = handler,
+        .presence = presence,
         .mainQueue = mainQueue,
         .log = log,
     }};
@@ -80,12 +83,21 @@ TEST_F(RemoteRequestsTest, ACreateActionOfAnUnknownTypeIsLoggedAndCreatesNothing
                                                   "Unknown file type shortcut requested: exe"}));
 }
 
-TEST_F(RemoteRequestsTest, AnUnknownActionIsLoggedAndDoesNothing) {
+TEST_F(RemoteRequestsTest, TheQuitActionEndsTheApplicationAfterWhatWasAskedBefore) {
+    requests.activateAction("create-json");
     requests.activateAction("quit");
+    EXPECT_THAT(events, IsEmpty());
+    mainQueue.run();
+    EXPECT_THAT(revealed(), ElementsAre("/Users/u/Desktop/Untitled.json"));
+    EXPECT_EQ(events.back(), "terminate");
+}
+
+TEST_F(RemoteRequestsTest, AnUnknownActionIsLoggedAndDoesNothing) {
+    requests.activateAction("erase");
     mainQueue.run();
     EXPECT_THAT(events, IsEmpty());
     EXPECT_THAT(log.lines, ElementsAre(FakeLog::Line{LogLevel::error, "RemoteRequest",
-                                                     "Unknown action requested: quit"}));
+                                                     "Unknown action requested: erase"}));
 }
 
 } // namespace

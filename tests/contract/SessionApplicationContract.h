@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace blankwell {
 
 /// What every `SessionApplication` does. `World` has the `application` to ask, and `run()`,
@@ -44,7 +46,20 @@ TYPED_TEST_P(SessionApplicationContract, WhatOneThatHangsDoesIsUnknown) {
     EXPECT_NE(taken.error().description, "");
 }
 
+TYPED_TEST_P(SessionApplicationContract, WhereNoneRunsNoneHasToQuit) {
+    EXPECT_TRUE(this->world.application.quit());
+}
+
+TYPED_TEST_P(SessionApplicationContract, OneThatHangsDoesNotQuit) {
+    this->world.hang();
+    const auto quit = this->world.application.quit();
+    ASSERT_FALSE(quit);
+    EXPECT_EQ(quit.error().code, ETIMEDOUT);
+    EXPECT_NE(quit.error().description, "");
+}
+
 REGISTER_TYPED_TEST_SUITE_P(SessionApplicationContract, OneThatRunsGetsEachRequestOnceInItsOrder,
-                            WhereNoneRunsNothingIsTaken, WhatOneThatHangsDoesIsUnknown);
+                            WhereNoneRunsNothingIsTaken, WhatOneThatHangsDoesIsUnknown,
+                            WhereNoneRunsNoneHasToQuit, OneThatHangsDoesNotQuit);
 
 } // namespace blankwell

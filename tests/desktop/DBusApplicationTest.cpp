@@ -20,8 +20,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr auto name = "app.blankwell.Test-1";
-constexpr DBusApplication::Patience shortly{.running = milliseconds(300),
-                                            .starting = milliseconds(3'000)};
+constexpr DBusApplication::Patience shortly{
+    .running = milliseconds(300), .starting = milliseconds(3'000), .quitting = milliseconds(300)};
 
 /// A bus on which nothing can be started.
 struct PrivateSession {
@@ -90,6 +90,18 @@ TEST_F(DBusApplicationTest, AProgramWithoutTheMethodTakesNothing) {
     const PrivateBus bus;
     const ServedApplication ignorant(name, Manners::ignorant);
     EXPECT_EQ(ask(), Request::notTaken);
+}
+
+TEST_F(DBusApplicationTest, WithoutASessionBusThereIsNoneToQuit) {
+    const PrivateBus restoresTheEnvironment;
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere", 1);
+    EXPECT_TRUE(application.quit());
+}
+
+TEST_F(DBusApplicationTest, OneThatKnowsNoQuittingIsToldToRunStill) {
+    const PrivateBus bus;
+    const ServedApplication ignorant(name, Manners::ignorant);
+    EXPECT_FALSE(application.quit());
 }
 
 TEST_F(DBusApplicationTest, AUrlThatTheBusCannotCarryIsNotTaken) {

@@ -33,7 +33,7 @@ class Bundle(ProgramTestCase):
             "Linux/blankwell", "Linux/blankwell-plus",
             "Linux/libblankwell-installation.so",
             "Linux/libblankwell-services.so", "Linux/libblankwell-session-bus.so",
-            "Linux/libblankwell-updates.so",
+            "Linux/libblankwell-uninstaller.so", "Linux/libblankwell-updates.so",
             "Resources/blank.docx", "Resources/blank.pptx", "Resources/blank.xlsx",
             "Resources/completions/_blankwell", "Resources/completions/blankwell.bash",
             "Resources/completions/blankwell.fish",

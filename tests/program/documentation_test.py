@@ -7,8 +7,8 @@ import unittest
 from blankwell_program import PROGRAM, SOURCE, ProgramTestCase
 
 COMMANDS = ("create", "open", "quick-create", "types", "folders", "add", "forget", "autostart", "on",
-            "off", "menus", "list", "install", "unregister")
-OPTIONS = ("--to", "--desktop", "--front", "--json", "--help", "--version", "--verbose")
+            "off", "menus", "list", "install", "unregister", "uninstall")
+OPTIONS = ("--to", "--yes", "--desktop", "--front", "--json", "--help", "--version", "--verbose")
 MAN_PAGE = SOURCE / "resources/man/blankwell.1"
 COMPLETIONS = SOURCE / "resources/completions"
 
@@ -74,6 +74,10 @@ class BashCompletion(ProgramTestCase):
         self.assertEqual(self.completions("menus", "on", "n"), ["nautilus", "nemo"])
         self.assertEqual(self.completions("menus", "on", "nemo", "d"), ["dolphin"])
         self.assertEqual(self.completions("menus", "list", ""), [])
+
+    def test_offers_to_uninstall_unasked(self):
+        self.assertEqual(self.completions("unin"), ["uninstall"])
+        self.assertEqual(self.completions("uninstall", ""), ["--yes"])
 
     def test_offers_where_to_install(self):
         (self.folder / "notes").mkdir()

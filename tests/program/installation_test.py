@@ -4,6 +4,7 @@ import configparser
 import os
 import pathlib
 import shlex
+import shutil
 import subprocess
 import unittest
 
@@ -130,6 +131,17 @@ class Installation(ProgramTestCase):
         self.assertEqual((self.home / ".local/bin/blankwell").resolve(),
                          bundle / "Contents/Linux/blankwell")
         self.assertNotIn("Applications", (self.config / "Thunar/uca.xml").read_text())
+
+    def test_a_bundle_that_moved_is_not_copied_again(self):
+        bundle = self.install().rename(self.home / "Blankwell+.app")
+        self.assertEqual(self.install(bundle=bundle), bundle)
+        self.assertFalse((self.home / "Applications/Blankwell+.app").exists())
+        self.assertEqual((self.home / ".local/bin/blankwell").resolve(),
+                         bundle / "Contents/Linux/blankwell")
+
+    def test_a_new_bundle_is_copied_though_the_old_one_was_thrown_away(self):
+        shutil.rmtree(self.install())
+        self.assertEqual(self.install(), self.home / "Applications/Blankwell+.app")
 
     def test_unregistering_leaves_what_was_there_before(self):
         (self.config / "Thunar").mkdir(parents=True)

@@ -177,6 +177,22 @@ class QuickCreateCommand(ProgramTestCase):
         self.assertIn(b"The session bus cannot be reached", result.stderr)
 
 
+class UninstallCommand(ProgramTestCase):
+    def test_outside_of_a_bundle_it_says_who_removes_the_program(self):
+        self.assert_failed(
+            self.run_program("uninstall", "--yes"), 1,
+            "Blankwell+ is not running from an application bundle: "
+            f"{os.path.dirname(PROGRAM)}\nIt was not installed, so there is nothing to remove. "
+            "Whoever put it there can delete it.\n")
+        self.assertTrue(os.path.exists(PROGRAM))
+
+    def test_a_sandboxed_program_says_who_removes_it(self):
+        self.assert_failed(
+            self.run_program("uninstall", "--yes", env=self.sandboxed()), 1,
+            "This copy of Blankwell+ runs in a sandbox. The software center that installed it also "
+            "removes it.\n")
+
+
 class AutostartCommand(ProgramTestCase):
     def entry(self):
         return self.config / "autostart/app.blankwell.BlankwellPlus.desktop"

@@ -49,7 +49,7 @@ TEST(AppUninstallErrorTest, TheAlertTellsWhatHappenedAndWhatToDo) {
             "Busy.\n\nQuit Blankwell+, move the app to the Trash manually, then restart Finder to "
             "unload the Finder extension.",
     };
-    EXPECT_EQ(uninstallFailedAlert({AppUninstallError::AppleScriptFailed{"Busy."}}), expected);
+    EXPECT_EQ(uninstallFailedAlert("Busy."), expected);
 }
 
 } // namespace

@@ -42,7 +42,13 @@ struct AppUninstallerTest : testing::Test, FakeCreationController {
     AppUninstaller& uninstaller() {
         if (!made) {
             made.emplace(AppUninstaller::Services{
-                .creation = controller,
+                .stop = [this]() -> std::expected<void, SystemError> {
+                    if (failStoppingWith) {
+                        return std::unexpected(*failStoppingWith);
+                    }
+                    controller.stop();
+                    return {};
+                },
                 .alert = alert,
                 .bundle = bundle,
                 .fileSystem = files,
@@ -79,6 +85,7 @@ struct AppUninstallerTest : testing::Test, FakeCreationController {
     FakeInstallationTraces traces{events};
     FakeApplicationPresence presence{events};
     FakeTimer timer;
+    std::optional<SystemError> failStoppingWith;
     std::optional<AppUninstaller> made;
 };
 
@@ -129,6 +136,25 @@ TEST_F(AppUninstallerTest, RemovesTheBundleFirstAndThenItsTracesAndEnds) {
 TEST_F(AppUninstallerTest, NothingButTheQuestionHappensWithinTheCall) {
     uninstaller().uninstall();
     EXPECT_THAT(events, Not(Contains(HasSubstr("trash"))));
+}
+
+TEST_F(AppUninstallerTest, NothingIsRemovedWhileTheApplicationCannotBeStopped) {
+    failStoppingWith = SystemError{SystemError::Domain::posix, 16, "It does not quit."};
+    uninstall();
+    ASSERT_THAT(alert.shown, SizeIs(2));
+    EXPECT_EQ(alert.shown[1].messageText, "Could not uninstall Blankwell+");
+    EXPECT_THAT(alert.shown[1].informativeText, StartsWith("It does not quit.\n\nQuit Blankwell+"));
+    EXPECT_THAT(events, Not(Contains(HasSubstr("trash"))));
+    EXPECT_FALSE(uninstaller().isUnderWay());
+}
+
+TEST_F(AppUninstallerTest, IsUnderWayFromTheConsentToAFailure) {
+    failEveryAttempt();
+    EXPECT_FALSE(uninstaller().isUnderWay());
+    uninstall();
+    EXPECT_TRUE(uninstaller().isUnderWay());
+    trash.answer();
+    EXPECT_FALSE(uninstaller().isUnderWay());
 }
 
 TEST_F(AppUninstallerTest, WhatDoesNotRunFromABundleIsLeftAlone) {

@@ -1,14 +1,12 @@
 #include "shell/BundleInstallation.h"
 
-#include "platform/BundleStore.h"
 #include "settings/AppSettings.h"
+#include "support/FakeBundleStore.h"
 #include "support/FakeLog.h"
 #include "support/FakeRegistrations.h"
 #include "support/FakeUserDefaults.h"
 
 #include <gmock/gmock.h>
-
-#include <set>
 
 namespace blankwell {
 namespace {
@@ -18,26 +16,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class FakeBundleStore : public BundleStore {
-public:
-    bool stands(const FileUrl& url) const override { return standing.contains(url); }
-
-    std::expected<FileUrl, SystemError> copyInto(const FileUrl& folder,
-                                                 const FileUrl& bundle) override {
-        if (failWith) {
-            return std::unexpected(*failWith);
-        }
-        auto place = folder.appending(bundle.lastPathComponent());
-        standing.insert(place);
-        return place;
-    }
-
-    std::set<FileUrl> standing;
-    std::optional<SystemError> failWith;
-};
-
 struct BundleInstallationTest : testing::Test {
-    BundleInstallationTest() { programs.names = {"caja"}; }
+    BundleInstallationTest() {
+        programs.names = {"caja"};
+        bundles.add(bundle);
+    }
 
     BundleInstallation installationOf(const std::optional<FileUrl>& running,
                                       InstallationForm form = InstallationForm::ownBundle) {
@@ -84,6 +67,7 @@ TEST_F(BundleInstallationTest, ABundleThatIsNotCopiedIsNotRegistered) {
     bundles.failWith = SystemError{SystemError::Domain::posix, 28, "The disk is full."};
     EXPECT_FALSE(installationOf(bundle).install(std::nullopt));
     EXPECT_EQ(registeredProgram(), "(none)");
+    EXPECT_THAT(registrations.groups(), IsEmpty());
     EXPECT_THAT(list.values, IsEmpty());
 }
 
@@ -97,9 +81,45 @@ TEST_F(BundleInstallationTest, OutsideOfABundleThereIsNothingToInstall) {
 TEST_F(BundleInstallationTest, UnregisteringTakesEveryGroupAway) {
     auto installation = installationOf(bundle);
     ASSERT_TRUE(installation.install(std::nullopt));
+    bundles.remove(bundle);
     ASSERT_TRUE(installation.unregister());
     EXPECT_THAT(registrations.held, IsEmpty());
     EXPECT_THAT(list.values, IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, TheFoldersThatTheBundleStandsInAreKnownUntilItHasGone) {
+    ASSERT_TRUE(installationOf(bundle).install(std::nullopt));
+    const FileUrl installed("/h/Applications/B.app");
+    EXPECT_THAT(registrations.held["place"], ElementsAre(Registration(RegisteredPlace{installed})));
+    ASSERT_TRUE(installationOf(installed).unregister());
+    EXPECT_THAT(registrations.groups(), ElementsAre("place"));
+    bundles.remove(installed);
+    ASSERT_TRUE(installationOf(installed).unregister());
+    EXPECT_THAT(registrations.groups(), IsEmpty());
+}
+
+TEST_F(BundleInstallationTest, AnInstalledBundleThatWasMovedIsRegisteredWhereItIs) {
+    ASSERT_TRUE(installationOf(bundle).install(std::nullopt));
+    const FileUrl moved("/h/moved/B.app");
+    bundles.move(FileUrl("/h/Applications/B.app"), moved);
+    EXPECT_EQ(installationOf(moved).install(std::nullopt), moved);
+    EXPECT_EQ(registeredProgram(), "\"/h/moved/B.app/Contents/Linux/blankwell-plus\"");
+    EXPECT_FALSE(bundles.stands(FileUrl("/h/Applications/B.app")));
+}
+
+TEST_F(BundleInstallationTest, AMovedBundleIsCopiedWhereThatIsAskedFor) {
+    ASSERT_TRUE(installationOf(bundle).install(std::nullopt));
+    const FileUrl moved("/h/moved/B.app");
+    bundles.move(FileUrl("/h/Applications/B.app"), moved);
+    EXPECT_EQ(installationOf(moved).install(FileUrl("/x")), FileUrl("/x/B.app"));
+}
+
+TEST_F(BundleInstallationTest, ANewBundleIsCopiedThoughTheOldOneIsGone) {
+    ASSERT_TRUE(installationOf(bundle).install(std::nullopt));
+    bundles.remove(FileUrl("/h/Applications/B.app"));
+    const FileUrl fresh("/download/B.app");
+    bundles.add(fresh);
+    EXPECT_EQ(installationOf(fresh).install(std::nullopt), FileUrl("/h/Applications/B.app"));
 }
 
 TEST_F(BundleInstallationTest, AStartMendsAMissingRegistration) {
@@ -113,9 +133,8 @@ TEST_F(BundleInstallationTest, AStartMendsAMissingRegistration) {
 }
 
 TEST_F(BundleInstallationTest, AStartOfAMovedBundleMendsItsRegistration) {
-    bundles.standing = {bundle};
     installationOf(bundle).mend();
-    bundles.standing = {FileUrl("/moved/B.app")};
+    bundles.move(bundle, FileUrl("/moved/B.app"));
     installationOf(FileUrl("/moved/B.app")).mend();
     EXPECT_EQ(registeredProgram(), "\"/moved/B.app/Contents/Linux/blankwell-plus\"");
 }

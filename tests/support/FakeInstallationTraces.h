@@ -3,6 +3,8 @@
 #include "platform/InstallationTraces.h"
 #include "support/EventLog.h"
 
+#include <functional>
+#include <set>
 #include <string>
 
 namespace blankwell {
@@ -14,13 +16,22 @@ public:
 
     void removePersistentDomain(std::string_view name) override {
         events_.push_back("remove domain " + std::string(name));
+        std::erase_if(domains, [&](const auto& domain) { return domain == name; });
     }
 
     void removeGroupContainer(std::string_view group) override {
         events_.push_back("remove container " + std::string(group));
+        std::erase_if(containers, [&](const auto& container) { return container == group; });
     }
 
-    void removeRegistrations() override { events_.emplace_back("remove registrations"); }
+    void removeRegistrations() override {
+        events_.emplace_back("remove registrations");
+        isRegistered = false;
+    }
+
+    std::set<std::string, std::less<>> domains;
+    std::set<std::string, std::less<>> containers;
+    bool isRegistered = false;
 
 private:
     EventLog& events_;

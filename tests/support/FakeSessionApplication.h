@@ -2,12 +2,14 @@
 
 #include "platform/SessionApplication.h"
 
+#include <cerrno>
 #include <optional>
 #include <utility>
 
 namespace blankwell {
 
-/// An application that takes what it is asked, unless told to fail.
+/// An application that takes what it is asked, unless told to fail: by not running, or by not
+/// answering.
 class FakeSessionApplication : public SessionApplication {
 public:
     Taken activate() override { return take("activate"); }
@@ -22,6 +24,16 @@ public:
 
     Taken activateAction(std::string_view action) override {
         return take("action " + std::string(action));
+    }
+
+    std::expected<void, SystemError> quit() override {
+        if (!failWith) {
+            taken.emplace_back("quit");
+        } else if (failWith->request == HandOverFailure::Request::unknown) {
+            return std::unexpected(
+                SystemError{SystemError::Domain::posix, ETIMEDOUT, failWith->description});
+        }
+        return {};
     }
 
     std::optional<HandOverFailure> failWith;

@@ -9,7 +9,6 @@
 #include "platform/linux/LinuxInstallationForm.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
-#include "platform/linux/XdgAutostart.h"
 #include "platform/linux/update/StagingFolder.h"
 #include "platform/linux/update/SystemVersion.h"
 #include "widgets/Symbols.h"
@@ -90,6 +89,7 @@ Program::Program(const FileUrl& programFolder)
       remoteRequests_({
           .creation = creation_,
           .requestHandler = requestHandler_,
+          .presence = presence_,
           .mainQueue = mainQueue_,
           .log = *log_,
       }),
@@ -111,28 +111,31 @@ Program::Program(const FileUrl& programFolder)
           .relaunch = [this] { relaunch(); },
           .log = *log_,
       }),
-      fileManagers_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
-      traces_(FileUrl(preferences_), userPlaces(environment_, account_).dataHome,
-              {[this, programFolder] { removeRegistrations(programFolder); }}),
-      uninstaller_({
-          .creation = creation_,
-          .alert = alert_,
-          .bundle = bundle_,
-          .fileSystem = files_,
-          .fileManagers = fileManagers_,
-          .trash = trash_,
-          .traces = traces_,
-          .application = application_,
-          .presence = presence_,
-          .mainQueue = mainQueue_,
-          .timer = timer_,
-          .log = *log_,
-      }),
+      uninstaller_(programFolder, FileUrl(preferences_), userPlaces(environment_, account_),
+                   homeFolder(account_),
+                   {
+                       .stop =
+                           [this] {
+                               creation_.stop();
+                               return std::expected<void, SystemError>();
+                           },
+                       .unregister = [this] { return unregister(); },
+                       .roots = [this] { return store_.savedFolderRoots(); },
+                       .folders = folders_,
+                       .alert = alert_,
+                       .bundle = bundle_,
+                       .fileSystem = files_,
+                       .application = application_,
+                       .presence = presence_,
+                       .mainQueue = mainQueue_,
+                       .timer = timer_,
+                       .log = *log_,
+                   }),
       statusBar_(mainQueue_, *log_, symbolIcon, [this] { keepReachable(); }),
       presenceController_({
           .settings = settings_,
           .creation = creation_,
-          .uninstaller = uninstaller_,
+          .uninstaller = uninstaller_.uninstaller(),
           .statusBar = statusBar_,
           .application = presence_,
           .environment = environment_,
@@ -176,7 +179,7 @@ Program::Program(const FileUrl& programFolder)
               .bundle = bundle_,
               .workspace = workspace_,
               .menus = menus_,
-              .uninstaller = uninstaller_,
+              .uninstaller = uninstaller_.uninstaller(),
               .updater = selfUpdater_,
               .presence = presence_,
               .application = application_,
@@ -216,16 +219,10 @@ void Program::keepInstallation() {
     typeOrder_ = observeLater(settings_.fileTypeOrder, mainQueue_, refresh);
 }
 
-void Program::removeRegistrations(const FileUrl& programFolder) {
+std::expected<void, SystemError> Program::unregister() {
     settingsWatch_.end(); // settings that go are not read again, which would write some of them
-    XdgAutostart(FileUrl(preferences_), bundleIdentifier, programFolder.appending("blankwell-plus"))
-        .forget();
-    if (!installation_) {
-        return;
-    }
-    if (const auto done = installation_->installation().unregister(); !done) {
-        Logger(*log_, "Uninstaller").error("Not all is unregistered: {}", done.error().description);
-    }
+    return installation_ ? installation_->installation().unregister()
+                         : std::expected<void, SystemError>();
 }
 
 FileSystem& Program::writableFiles() {

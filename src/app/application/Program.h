@@ -12,6 +12,7 @@
 #include "app/application/UpdateWindow.h"
 #include "app/application/Windows.h"
 #include "app/services/DesktopInstallation.h"
+#include "app/services/DesktopUninstaller.h"
 #include "base/Subscription.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
@@ -23,11 +24,8 @@
 #include "platform/linux/LinuxAccessScopes.h"
 #include "platform/linux/LinuxBookmarks.h"
 #include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/LinuxInstallationTraces.h"
-#include "platform/linux/LinuxTrash.h"
 #include "platform/linux/ProcessEnvironment.h"
 #include "platform/linux/ScopedFileSystem.h"
-#include "platform/linux/SessionFileManagers.h"
 #include "platform/linux/UserDatabaseAccount.h"
 #include "platform/linux/XdgPreferenceDomains.h"
 #include "platform/linux/XdgWellKnownFolders.h"
@@ -45,13 +43,13 @@
 #include "quickcreate/DesktopCreationController.h"
 #include "settings/AppSettings.h"
 #include "shell/AppPresenceController.h"
-#include "shell/AppUninstaller.h"
 #include "shell/BlankwellSelfUpdater.h"
 #include "shell/UnavailableInstallation.h"
 #include "updates/StandardUpdaters.h"
 #include "views/FileManagerMenusModel.h"
 #include "widgets/Theme.h"
 
+#include <expected>
 #include <memory>
 #include <optional>
 #include <string>
@@ -88,7 +86,7 @@ public:
 private:
     [[nodiscard]] FileSystem& writableFiles();
     void keepInstallation();
-    void removeRegistrations(const FileUrl& programFolder);
+    std::expected<void, SystemError> unregister();
     void keepReachable();
     void endUnlessReachable();
     void relaunch();
@@ -137,10 +135,7 @@ private:
     ThreadedWork background_;
     StandardUpdaters updaters_;
     BlankwellSelfUpdater selfUpdater_{bundle_, updaters_, mainQueue_};
-    SessionFileManagers fileManagers_;
-    LinuxTrash trash_{mainQueue_};
-    LinuxInstallationTraces traces_;
-    AppUninstaller uninstaller_;
+    DesktopUninstaller uninstaller_;
     QtStatusBar statusBar_;
     AppPresenceController presenceController_;
     AppDelegate delegate_;

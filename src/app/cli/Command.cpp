@@ -117,6 +117,14 @@ ParsedCommand parseUnregister(Arguments& arguments) {
     return UnregisterCommand{};
 }
 
+ParsedCommand parseUninstall(Arguments& arguments) {
+    const bool isConfirmed = arguments.take("--yes");
+    if (!arguments.operands.empty()) {
+        return arguments.wrongCount("uninstall [--yes]");
+    }
+    return UninstallCommand{.isConfirmed = isConfirmed};
+}
+
 ParsedCommand parseMenus(Arguments& arguments) {
     auto& operands = arguments.operands;
     if (operands.empty() || (operands.size() == 1 && operands[0] == "list")) {
@@ -155,6 +163,7 @@ constexpr std::array parsers{
     CommandParser{"install", parseInstall},
     CommandParser{"menus", parseMenus},
     CommandParser{"unregister", parseUnregister},
+    CommandParser{"uninstall", parseUninstall},
 };
 
 Arguments sortedOut(std::span<const std::string_view> arguments) {
@@ -237,6 +246,9 @@ std::string_view helpText() {
            "  install [--to FOLDER]     copy the application to FOLDER (~/Applications where none\n"
            "                            is given) and make it known to the desktop\n"
            "  unregister                take back all by which the desktop knows it\n"
+           "  uninstall [--yes]         move the application to the Trash and remove its "
+           "settings,\n"
+           "                            after asking in the terminal, or unasked\n"
            "\n"
            "Options:\n"
            "  --verbose                 write log lines to standard error\n"

@@ -92,6 +92,14 @@ struct UnregisterCommand {
     friend bool operator==(const UnregisterCommand&, const UnregisterCommand&) = default;
 };
 
+/// `uninstall`.
+struct UninstallCommand {
+    /// `--yes`: the user is not asked.
+    bool isConfirmed = false;
+
+    friend bool operator==(const UninstallCommand&, const UninstallCommand&) = default;
+};
+
 /// `menus`: lists the menus where `change` is unset.
 struct MenusCommand {
     enum class Change { on, off };
@@ -111,10 +119,10 @@ struct VersionCommand {
     friend bool operator==(const VersionCommand&, const VersionCommand&) = default;
 };
 
-using Command =
-    std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand, FoldersCommand,
-                 AddFolderCommand, ForgetFolderCommand, AutostartCommand, RequestCommand,
-                 InstallCommand, UnregisterCommand, MenusCommand, HelpCommand, VersionCommand>;
+using Command = std::variant<CreateCommand, OpenCommand, QuickCreateCommand, TypesCommand,
+                             FoldersCommand, AddFolderCommand, ForgetFolderCommand,
+                             AutostartCommand, RequestCommand, InstallCommand, UnregisterCommand,
+                             UninstallCommand, MenusCommand, HelpCommand, VersionCommand>;
 
 /// What the arguments ask for.
 struct Invocation {

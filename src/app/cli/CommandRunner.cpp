@@ -13,6 +13,7 @@
 #include "platform/LoginItem.h"
 #include "platform/SessionApplication.h"
 #include "shell/Installation.h"
+#include "shell/Uninstallation.h"
 
 #include <fmt/core.h>
 #include <nlohmann/json.hpp>
@@ -151,6 +152,24 @@ Outcome CommandRunner::execute(const InstallCommand& command) {
 Outcome CommandRunner::execute(const UnregisterCommand& /*command*/) {
     const auto done = services_.installation.unregister();
     return done ? Outcome{} : failing(done.error().description);
+}
+
+Outcome CommandRunner::execute(const UninstallCommand& command) {
+    const auto consent =
+        command.isConfirmed ? Uninstallation::Consent::given : Uninstallation::Consent::wanted;
+    const auto ending = services_.uninstallation.run(consent);
+    if (!ending) {
+        return failing(ending.error().description);
+    }
+    switch (*ending) {
+    case Uninstallation::Ending::removed:
+        return {};
+    case Uninstallation::Ending::declined:
+        return failing("Nothing was removed.");
+    case Uninstallation::Ending::failed:
+        return {.status = Outcome::failed};
+    }
+    std::unreachable();
 }
 
 Outcome CommandRunner::execute(const MenusCommand& command) {

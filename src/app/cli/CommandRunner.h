@@ -13,6 +13,7 @@ class Installation;
 class LoginItem;
 class SecurityScopedBookmarkStore;
 class SessionApplication;
+class Uninstallation;
 } // namespace blankwell
 
 namespace blankwell::cli {
@@ -42,6 +43,7 @@ public:
         SessionApplication& application;
         LoginItem& loginItem;
         Installation& installation;
+        Uninstallation& uninstallation;
         /// The folder that relative paths are relative to: absolute.
         FileUrl currentFolder;
     };
@@ -66,6 +68,7 @@ private:
     [[nodiscard]] Outcome execute(const RequestCommand& command);
     [[nodiscard]] Outcome execute(const InstallCommand& command);
     [[nodiscard]] Outcome execute(const UnregisterCommand& command);
+    [[nodiscard]] Outcome execute(const UninstallCommand& command);
     [[nodiscard]] Outcome execute(const MenusCommand& command);
     [[nodiscard]] Outcome execute(const HelpCommand& command);
     [[nodiscard]] Outcome execute(const VersionCommand& command);

@@ -7,6 +7,7 @@
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 #include "shell/Installation.h"
+#include "shell/Uninstallation.h"
 
 #include <functional>
 #include <memory>
@@ -111,6 +112,19 @@ private:
     Lazy<Installation> installation_;
 };
 
+class LazyUninstallation : public Uninstallation {
+public:
+    explicit LazyUninstallation(Lazy<Uninstallation>::Make make)
+        : uninstallation_(std::move(make)) {}
+
+    std::expected<Ending, SystemError> run(Consent consent) override {
+        return uninstallation_.get().run(consent);
+    }
+
+private:
+    Lazy<Uninstallation> uninstallation_;
+};
+
 class LazySessionApplication : public SessionApplication {
 public:
     explicit LazySessionApplication(Lazy<SessionApplication>::Make make)
@@ -124,6 +138,10 @@ public:
 
     [[nodiscard]] Taken activateAction(std::string_view action) override {
         return application_.get().activateAction(action);
+    }
+
+    [[nodiscard]] std::expected<void, SystemError> quit() override {
+        return application_.get().quit();
     }
 
 private:

@@ -26,6 +26,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           return std::make_unique<XdgPreferenceDomains>(configHome(), bundleIdentifier);
       }),
       installation_([this] { return makeInstallation(); }),
+      uninstallation_([this, programFolder] { return makeUninstallation(programFolder); }),
       store_(domains_, bookmarks_, order_, log_),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -57,6 +58,7 @@ Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
           .application = sessionApplication_,
           .loginItem = loginItem_,
           .installation = installation_,
+          .uninstallation = uninstallation_,
           .currentFolder = std::move(currentFolder),
       }) {}
 
@@ -94,6 +96,18 @@ std::unique_ptr<Installation> Program::makeInstallation() {
         return std::make_unique<UnavailableInstallation>();
     }
     return loader_.makeInstallation(environment_, account_, domains_, log_);
+}
+
+std::unique_ptr<Uninstallation> Program::makeUninstallation(const FileUrl& programFolder) {
+    return loader_.makeUninstallation({
+        .programFolder = programFolder,
+        .environment = environment_,
+        .account = account_,
+        .folders = folders_,
+        .domains = domains_,
+        .roots = [this] { return store_.savedFolderRoots(); },
+        .log = log_,
+    });
 }
 
 } // namespace blankwell::cli

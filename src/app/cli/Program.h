@@ -41,6 +41,7 @@ private:
     [[nodiscard]] std::string configHome() const;
     [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(const FileUrl& programFolder);
     [[nodiscard]] std::unique_ptr<Installation> makeInstallation();
+    [[nodiscard]] std::unique_ptr<Uninstallation> makeUninstallation(const FileUrl& programFolder);
 
     // In the order of construction.
     ProcessEnvironment environment_;
@@ -55,6 +56,7 @@ private:
     LazyLoginItem loginItem_;
     LazyPreferenceDomains domains_;
     LazyInstallation installation_;
+    LazyUninstallation uninstallation_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_;

@@ -17,6 +17,7 @@ class LoginItem;
 class PreferenceDomains;
 class SessionApplication;
 class TextOrder;
+class Uninstallation;
 class WellKnownFolders;
 class Workspace;
 
@@ -67,5 +68,24 @@ using MakeInstallation = std::unique_ptr<Installation> (*)(const FileUrl& progra
                                                            PreferenceDomains& domains, Log& log);
 
 inline constexpr auto makeInstallationSymbol = "blankwellMakeInstallation";
+
+/// What an uninstallation is made of. All that is referred to must outlive it.
+struct UninstallationSurroundings {
+    /// Of the programs to remove.
+    FileUrl programFolder;
+    const Environment& environment;
+    const Account& account;
+    const WellKnownFolders& folders;
+    PreferenceDomains& domains;
+    /// The folders that the user works in.
+    std::function<std::vector<FileUrl>()> roots;
+    Log& log;
+};
+
+/// The one entry of the module for removing the application: makes the uninstallation.
+using MakeUninstallation =
+    std::unique_ptr<Uninstallation> (*)(const UninstallationSurroundings& surroundings);
+
+inline constexpr auto makeUninstallationSymbol = "blankwellMakeUninstallation";
 
 } // namespace blankwell

@@ -2,6 +2,7 @@
 
 #include "platform/SessionApplication.h"
 #include "shell/Installation.h"
+#include "shell/Uninstallation.h"
 
 #include <dlfcn.h>
 
@@ -14,6 +15,7 @@ namespace {
 constexpr auto servicesModule = "libblankwell-services.so";
 constexpr auto sessionBusModule = "libblankwell-session-bus.so";
 constexpr auto installationModule = "libblankwell-installation.so";
+constexpr auto uninstallerModule = "libblankwell-uninstaller.so";
 
 [[noreturn]] void fail(const char* problem) {
     std::fprintf(stderr, "blankwell: the installation is damaged: %s\n", problem);
@@ -42,6 +44,12 @@ std::unique_ptr<Installation> ModuleLoader::makeInstallation(const Environment& 
     void* const make = entry(installationModule, makeInstallationSymbol);
     return reinterpret_cast<MakeInstallation>(make)(programFolder_, environment, account, domains,
                                                     log);
+}
+
+std::unique_ptr<Uninstallation>
+ModuleLoader::makeUninstallation(const UninstallationSurroundings& surroundings) const {
+    void* const make = entry(uninstallerModule, makeUninstallationSymbol);
+    return reinterpret_cast<MakeUninstallation>(make)(surroundings);
 }
 
 void* ModuleLoader::entry(const char* moduleName, const char* symbol) const {

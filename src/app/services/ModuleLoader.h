@@ -27,6 +27,10 @@ public:
                                                                  PreferenceDomains& domains,
                                                                  Log& log) const;
 
+    /// The removal of the programs in this folder, and what `surroundings` else holds.
+    [[nodiscard]] std::unique_ptr<Uninstallation>
+    makeUninstallation(const UninstallationSurroundings& surroundings) const;
+
 private:
     [[nodiscard]] void* entry(const char* moduleName, const char* symbol) const;
 

@@ -74,6 +74,14 @@ std::optional<bool> BusMessage::readBool() {
     return value != 0;
 }
 
+std::optional<std::uint32_t> BusMessage::readUnsigned() {
+    std::uint32_t value = 0;
+    if (sd_bus_message_read_basic(get(), SD_BUS_TYPE_UINT32, &value) <= 0) {
+        return std::nullopt;
+    }
+    return value;
+}
+
 std::optional<std::vector<std::string>> BusMessage::readStrings() {
     return readStringArray(get());
 }

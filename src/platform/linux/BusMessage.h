@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -35,6 +36,8 @@ public:
 
     /// The next value, D-Bus type `b`; nothing, as below, if the next value is of another type.
     std::optional<bool> readBool();
+    /// Type `u`.
+    std::optional<std::uint32_t> readUnsigned();
     /// Type `as`.
     std::optional<std::vector<std::string>> readStrings();
     /// Type `v` holding `a{sas}`.

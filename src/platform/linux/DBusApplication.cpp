@@ -1,12 +1,19 @@
 #include "platform/linux/DBusApplication.h"
 
+#include "platform/ApplicationRequests.h"
 #include "platform/ObjectPath.h"
+#include "platform/linux/ProcessHandle.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <optional>
+#include <thread>
 #include <utility>
+
+#include <sys/types.h>
 
 namespace blankwell {
 namespace {
@@ -54,6 +61,29 @@ SessionApplication::Taken failure(const BusError& error) {
                                            "it yet: look before you try again."});
 }
 
+/// The process that owns `name`; nothing where none does.
+std::optional<ProcessHandle> ownerOf(SessionBus& bus, const std::string& name,
+                                     const Deadline& deadline) {
+    auto request = bus.request({.destination = "org.freedesktop.DBus",
+                                .path = "/org/freedesktop/DBus",
+                                .interface = "org.freedesktop.DBus",
+                                .member = "GetConnectionUnixProcessID"});
+    if (!request) {
+        return std::nullopt;
+    }
+    request->append(name);
+    auto answer = bus.call(*request, deadline);
+    const auto process = answer ? answer->readUnsigned() : std::nullopt;
+    return process ? ProcessHandle::open(static_cast<pid_t>(*process)) : std::nullopt;
+}
+
+bool endsBy(const ProcessHandle& process, const Deadline& deadline) {
+    while (!process.hasEnded() && !deadline.hasPassed()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return process.hasEnded();
+}
+
 } // namespace
 
 DBusApplication::DBusApplication(std::string_view name, Patience patience)
@@ -75,6 +105,25 @@ SessionApplication::Taken DBusApplication::activateAction(std::string_view actio
     return ask("ActivateAction", [&](BusMessage& message) {
         message.append(std::string(action)).appendEmptyArray("v");
     });
+}
+
+std::expected<void, SystemError> DBusApplication::quit() {
+    const Deadline deadline(patience_.quitting);
+    auto bus = SessionBus::connect(deadline);
+    const auto process = bus ? ownerOf(*bus, object_.destination, deadline) : std::nullopt;
+    if (!process) {
+        return {};
+    }
+    // It may end before it answers, so that only its end counts.
+    static_cast<void>(callOnce(
+        *bus, "ActivateAction",
+        [](BusMessage& message) { message.append(std::string(quitAction)).appendEmptyArray("v"); },
+        SessionBus::AutoStart::no, deadline));
+    if (!endsBy(*process, deadline)) {
+        return std::unexpected(SystemError{SystemError::Domain::posix, ETIMEDOUT,
+                                           "Blankwell+ is running and does not quit."});
+    }
+    return {};
 }
 
 SessionApplication::Taken DBusApplication::ask(const std::string& member,

@@ -19,6 +19,8 @@ public:
         std::chrono::milliseconds running{5'000};
         /// For one that the bus starts: as long as the bus itself waits by default.
         std::chrono::milliseconds starting{25'000};
+        /// For one that ends: it finishes what it has begun.
+        std::chrono::milliseconds quitting{10'000};
     };
 
     /// Asks the application that is called `name` on the bus, each time over a connection of its
@@ -30,6 +32,9 @@ public:
     [[nodiscard]] Taken activate() override;
     [[nodiscard]] Taken open(const std::vector<std::string>& urls) override;
     [[nodiscard]] Taken activateAction(std::string_view action) override;
+
+    /// Without a session bus there is none to ask, and nothing is done.
+    [[nodiscard]] std::expected<void, SystemError> quit() override;
 
 private:
     using Arguments = std::function<void(BusMessage&)>;

@@ -3,6 +3,7 @@
 #include "platform/Identifiers.h"
 #include "platform/linux/BundleDirectory.h"
 #include "platform/linux/FileDescriptor.h"
+#include "platform/linux/FolderIdentity.h"
 #include "platform/linux/PrivateFolder.h"
 #include "platform/linux/SystemErrors.h"
 
@@ -71,6 +72,15 @@ bool somethingStands(const FileUrl& url) {
 bool LinuxBundleStore::stands(const FileUrl& url) const {
     const BundleDirectory bundle(url.appending("Contents/Linux"));
     return bundle.infoString("CFBundleIdentifier") == bundleIdentifier;
+}
+
+std::optional<std::string> LinuxBundleStore::identity(const FileUrl& url) const {
+    const auto folder = identifyFolder(url.path());
+    if (!folder || !folder->birthTime) {
+        return std::nullopt;
+    }
+    return fmt::format("{}-{}.{:09}", folder->inode, folder->birthTime->seconds,
+                       folder->birthTime->nanoseconds);
 }
 
 std::expected<FileUrl, SystemError> LinuxBundleStore::copyInto(const FileUrl& folder,

@@ -9,6 +9,7 @@ namespace blankwell {
 class LinuxBundleStore : public BundleStore {
 public:
     [[nodiscard]] bool stands(const FileUrl& url) const override;
+    [[nodiscard]] std::optional<std::string> identity(const FileUrl& url) const override;
     std::expected<FileUrl, SystemError> copyInto(const FileUrl& folder,
                                                  const FileUrl& bundle) override;
 };

@@ -154,6 +154,10 @@ Done put(const RegisteredActions& list, bool /*isListed*/) {
     return *present == *wanted ? Done() : write(list.url, *wanted, modeOf(list.url));
 }
 
+Done put(const RegisteredPlace& /*place*/, bool /*isListed*/) {
+    return {};
+}
+
 Done unlinkFile(const FileUrl& url) {
     if (::unlink(url.path().c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
         return failure(errno, "remove", url);
@@ -222,6 +226,8 @@ Done remove(const RegistrationRecord& record) {
         return removeEntry(record);
     case Kind::actions:
         return removeActions(record.url);
+    case Kind::place:
+        return {};
     case Kind::madeFile:
         return removeMadeFile(record);
     case Kind::madeFolder:

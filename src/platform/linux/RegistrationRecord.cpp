@@ -17,9 +17,10 @@ struct KindName {
 };
 
 constexpr std::array kindNames{
-    KindName{Kind::file, "file"},     KindName{Kind::link, "link"},
-    KindName{Kind::entry, "entry"},   KindName{Kind::actions, "actions"},
-    KindName{Kind::madeFile, "made"}, KindName{Kind::madeFolder, "folder"},
+    KindName{Kind::file, "file"},         KindName{Kind::link, "link"},
+    KindName{Kind::entry, "entry"},       KindName{Kind::actions, "actions"},
+    KindName{Kind::place, "place"},       KindName{Kind::madeFile, "made"},
+    KindName{Kind::madeFolder, "folder"},
 };
 
 std::vector<std::string_view> wordsOf(std::string_view line) {
@@ -47,6 +48,9 @@ RegistrationRecord recordOf(const Registration& registration) {
             },
             [](const RegisteredActions& actions) {
                 return RegistrationRecord{Kind::actions, actions.url, {}};
+            },
+            [](const RegisteredPlace& place) {
+                return RegistrationRecord{Kind::place, place.url, {}};
             },
         },
         registration);

@@ -18,6 +18,7 @@ struct RegistrationRecord {
         link,
         entry,
         actions,
+        place,
         /// A file that others write as well and that was not there before.
         madeFile,
         /// A folder that was not there before.

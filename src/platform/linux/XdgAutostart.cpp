@@ -90,6 +90,7 @@ std::expected<void, SystemError> XdgAutostart::turnOff() {
 
 void XdgAutostart::forget() const {
     ::unlink(file_.path().c_str());
+    ::rmdir(folder_.path().c_str()); // stays while there are other entries
 }
 
 std::expected<std::optional<AutostartEntry>, SystemError> XdgAutostart::load() const {

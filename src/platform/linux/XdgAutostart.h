@@ -31,8 +31,8 @@ public:
     [[nodiscard]] std::expected<void, SystemError> turnOn() override;
     [[nodiscard]] std::expected<void, SystemError> turnOff() override;
 
-    /// Removes the entry, whatever the user has made of it; of a link, the link. An entry that
-    /// cannot be removed stays.
+    /// Removes the entry, whatever the user has made of it; of a link, the link. The folder goes
+    /// with it where nothing else is in it. An entry that cannot be removed stays.
     void forget() const;
 
 private:

@@ -5,6 +5,7 @@
 #include "support/FakeLoginItem.h"
 #include "support/FakeRequestHandler.h"
 #include "support/FakeSessionApplication.h"
+#include "support/FakeUninstallation.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -33,6 +34,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
     FakeSessionApplication sessionApplication;
     FakeLoginItem loginItem;
     FakeInstallation installation;
+    FakeUninstallation uninstallation;
     CreationDestination destination{account, folders, frontFolder};
     CommandRunner runner{{
         .folderAccess = access,
@@ -42,6 +44,7 @@ struct CommandRunnerTest : testing::Test, FakeRequestHandler {
         .application = sessionApplication,
         .loginItem = loginItem,
         .installation = installation,
+        .uninstallation = uninstallation,
         .currentFolder = FileUrl("/Users/u/work"),
     }};
 };
@@ -233,6 +236,22 @@ TEST_F(CommandRunnerTest, AutostartTellsItsFailures) {
          {AutostartCommand{}, AutostartCommand{Change::on}, AutostartCommand{Change::off}}) {
         EXPECT_EQ(runner.run(command), failed);
     }
+}
+
+TEST_F(CommandRunnerTest, UninstallTellsHowItEnded) {
+    using enum Uninstallation::Consent;
+    using enum Uninstallation::Ending;
+    EXPECT_EQ(runner.run(UninstallCommand{}), Outcome{});
+    EXPECT_EQ(runner.run(UninstallCommand{.isConfirmed = true}), Outcome{});
+    EXPECT_THAT(uninstallation.consents, ElementsAre(wanted, given));
+    uninstallation.ending = declined;
+    EXPECT_EQ(runner.run(UninstallCommand{}),
+              (Outcome{.status = Outcome::failed, .errors = "Nothing was removed.\n"}));
+    uninstallation.ending = Uninstallation::Ending::failed; // which an alert has told
+    EXPECT_EQ(runner.run(UninstallCommand{}), (Outcome{.status = Outcome::failed}));
+    uninstallation.refuseWith = SystemError{SystemError::Domain::posix, 1, "Others remove it."};
+    EXPECT_EQ(runner.run(UninstallCommand{}),
+              (Outcome{.status = Outcome::failed, .errors = "Others remove it.\n"}));
 }
 
 TEST_F(CommandRunnerTest, TypesListsTheCatalogInOrder) {

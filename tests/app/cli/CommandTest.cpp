@@ -68,6 +68,14 @@ TEST(CommandTest, InstallTakesAFolder) {
     }
 }
 
+TEST(CommandTest, UninstallTakesTheConsent) {
+    EXPECT_EQ(parsed({"uninstall"}).command, Command(UninstallCommand{}));
+    EXPECT_EQ(parsed({"uninstall", "--yes"}).command,
+              Command(UninstallCommand{.isConfirmed = true}));
+    EXPECT_EQ(problem({"uninstall", "now"}), "usage: blankwell uninstall [--yes]");
+    EXPECT_EQ(problem({"unregister", "--yes"}), "no option '--yes' here");
+}
+
 TEST(CommandTest, UnregisterTakesNothing) {
     EXPECT_EQ(parsed({"unregister"}).command, Command(UnregisterCommand{}));
     EXPECT_EQ(problem({"unregister", "x"}), "usage: blankwell unregister");

@@ -1,11 +1,13 @@
 #include "platform/linux/LinuxBundleStore.h"
 
+#include "contract/BundleStoreContract.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace blankwell {
@@ -18,6 +20,36 @@ constexpr auto info = R"(<?xml version="1.0" encoding="UTF-8"?>
 <key>CFBundleIdentifier</key><string>app.blankwell.BlankwellPlus</string>
 </dict></plist>
 )";
+
+class LinuxBundleStoreWorld {
+public:
+    BundleStore& store() { return store_; }
+
+    FileUrl at(const std::string& name) const { return folder_.at(name); }
+
+    static void addBundle(const FileUrl& url) {
+        addFile(url.appending("Contents/Info.plist"), info);
+        addFile(url.appending("Contents/Linux/blankwell"), "program");
+    }
+
+    static void addStranger(const FileUrl& url) { addFile(url.appending("mine"), "mine"); }
+
+    static void move(const FileUrl& from, const FileUrl& to) {
+        fs::create_directories(to.deletingLastPathComponent().path());
+        fs::rename(from.path(), to.path());
+    }
+
+private:
+    static void addFile(const FileUrl& url, std::string_view contents) {
+        fs::create_directories(url.deletingLastPathComponent().path());
+        std::ofstream(url.path()) << contents;
+    }
+
+    TemporaryFolder folder_;
+    LinuxBundleStore store_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, BundleStoreContract, LinuxBundleStoreWorld);
 
 struct LinuxBundleStoreTest : testing::Test {
     FileUrl addBundle(const std::string& name, std::string_view program) const {

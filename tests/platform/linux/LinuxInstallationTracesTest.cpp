@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxInstallationTraces.h"
 
+#include "contract/InstallationTracesContract.h"
 #include "platform/linux/PlistDomain.h"
 #include "support/ChildProcess.h"
 #include "support/PrivateMounts.h"
@@ -19,6 +20,40 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
+
+class LinuxInstallationTracesWorld {
+public:
+    InstallationTraces& traces() { return traces_; }
+
+    void addDomain(const std::string& name) {
+        EXPECT_TRUE(PlistDomain(config_.path(), name).set("key", true));
+    }
+
+    void addContainer(const std::string& group) const {
+        folder_.addFile("data/" + group + "/folder/file");
+    }
+
+    void registerApplication() { isRegistered_ = true; }
+
+    bool hasDomain(const std::string& name) const {
+        return PlistDomain(config_.path(), name).value("key").has_value();
+    }
+
+    bool hasContainer(const std::string& group) const {
+        return std::filesystem::exists(folder_.at("data/" + group).path());
+    }
+
+    bool isRegistered() const { return isRegistered_; }
+
+private:
+    bool isRegistered_ = false;
+    TemporaryFolder folder_;
+    FileUrl config_ = folder_.addFolder("config");
+    LinuxInstallationTraces traces_{
+        config_, folder_.addFolder("data"), {[this] { isRegistered_ = false; }}};
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, InstallationTracesContract, LinuxInstallationTracesWorld);
 
 struct LinuxInstallationTracesTest : testing::Test {
     /// What stands in the folder `name`, at any depth.

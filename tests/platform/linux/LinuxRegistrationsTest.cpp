@@ -161,6 +161,16 @@ TEST_F(LinuxRegistrationsTest, AFolderThatGroupsShareGoesWithTheLast) {
     EXPECT_THAT(tree(), IsEmpty());
 }
 
+TEST_F(LinuxRegistrationsTest, TheFoldersOfAPlaceGoWithWhatStoodThere) {
+    ASSERT_TRUE(registrations.set("place", {RegisteredPlace{folder.at("a/b/B.app")}}));
+    EXPECT_EQ(tree(), (std::set{folder.at("a").path(), folder.at("a/b").path()}));
+    folder.addFolder("a/b/B.app");
+    ASSERT_TRUE(registrations.set("place", {RegisteredPlace{folder.at("a/b/B.app")}}));
+    fs::remove(folder.at("a/b/B.app").path());
+    ASSERT_TRUE(registrations.clear("place"));
+    EXPECT_THAT(tree(), IsEmpty());
+}
+
 TEST_F(LinuxRegistrationsTest, WhatOthersPutIntoOurFoldersStays) {
     ASSERT_TRUE(registrations.set("all", everything()));
     folder.addFile("files/users", "mine");

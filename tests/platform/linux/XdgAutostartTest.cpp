@@ -226,6 +226,16 @@ TEST_F(XdgAutostartTest, AForgottenEntryIsGoneWhateverTheUserMadeOfIt) {
     EXPECT_EQ(item.isOn(), false);
 }
 
+TEST_F(XdgAutostartTest, TheFolderGoesWithAForgottenEntryUnlessThereAreOthers) {
+    const auto other = folder.addFile("config/autostart/other.desktop");
+    ASSERT_TRUE(item.turnOn());
+    item.forget();
+    EXPECT_TRUE(std::filesystem::exists(other.path()));
+    std::filesystem::remove(other.path());
+    item.forget();
+    EXPECT_FALSE(std::filesystem::exists(folder.at("config/autostart").path()));
+}
+
 TEST_F(XdgAutostartTest, OfAForgottenLinkTheTargetStays) {
     const auto target = folder.addFile("mine.desktop", "mine");
     folder.addFolder("config/autostart");

@@ -115,6 +115,19 @@ void StagingFolder::sweep(const FileUrl& bundle) {
     }
 }
 
+void StagingFolder::remove(const FileUrl& bundle) {
+    const auto url = placeFor(bundle);
+    if (const auto folder = openFolder(url); !folder || !isOurs(folder.get(), url)) {
+        return;
+    }
+    for (const auto& entry : entries(url)) {
+        if (isArchive(entry) || !isRoomUsed(entry)) {
+            removeAll(entry);
+        }
+    }
+    ::rmdir(url.path().c_str());
+}
+
 FileUrl StagingFolder::archive(std::string_view name) const {
     auto wanted = url_.appending(fmt::format("{}{}", name, archiveSuffix));
     for (const auto& entry : entries(url_)) {

@@ -23,6 +23,10 @@ public:
     /// can be continued, and bundles that processes run from. Does nothing while somebody holds it.
     static void sweep(const FileUrl& bundle);
 
+    /// Removes all of it, for a bundle at `bundle` that has gone, but the bundles that processes
+    /// run from. What cannot be removed stays.
+    static void remove(const FileUrl& bundle);
+
     /// The place of the archive `name`; removes those of other names.
     [[nodiscard]] FileUrl archive(std::string_view name) const;
 

@@ -157,6 +157,21 @@ TEST_F(BundleInstallerTest, TheOldBundleStaysUntilTheLastProcessThatRunsFromItEn
     EXPECT_EQ(wholeVersion(), "2");
 }
 
+TEST_F(BundleInstallerTest, WithTheApplicationAllThatUpdatesLeftGoesButWhatIsInUse) {
+    {
+        const BundleUse use(bundle);
+        update(use);
+        folder.addFile(".Blankwell+.app.update/new.part");
+        folder.addFolder(".Blankwell+.app.update/room-1");
+        StagingFolder::remove(bundle);
+        ASSERT_THAT(namesIn(place), SizeIs(1));
+        EXPECT_TRUE(BundleUse::isUsed(place.appending(namesIn(place).front()).appending(name)));
+    }
+    StagingFolder::remove(bundle);
+    EXPECT_THAT(namesIn(folder.url()), ElementsAre(name));
+    StagingFolder::remove(bundle);
+}
+
 TEST_F(BundleInstallerTest, OnlyTheBytesThatTheMakersSignedAreUnpacked) {
     const auto archive = archiveOfVersion("2");
     const auto signature = key.sign(archive);
