@@ -72,7 +72,7 @@ QWidget* ContentView::makeSection(MainWindowSection section, const Services& ser
     case MainWindowSection::header:
         return new MainHeaderView(theme, services.bundle);
     case MainWindowSection::appPresence:
-        return new AppPresenceView(theme, services.settings);
+        return new AppPresenceView(theme, services.settings, services.loginItem);
     case MainWindowSection::fileTypes:
         return new FileTypesListView(theme, services.settings, services.mainQueue);
     case MainWindowSection::shortcuts:

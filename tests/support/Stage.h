@@ -2,9 +2,11 @@
 
 #include "settings/ShortcutSettingsView.h"
 #include "support/FakeAppearance.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakePresenceController.h"
 #include "views/ContentView.h"
 #include "views/ExtensionStatusModel.h"
+#include "views/LoginItemModel.h"
 #include "widgets/Theme.h"
 
 namespace blankwell {
@@ -37,6 +39,7 @@ struct Stage : FakePresenceController {
     ContentView::Services contentServices() {
         return {.theme = theme,
                 .settings = settings,
+                .loginItem = loginItemModel,
                 .shortcuts = shortcutServices(),
                 .folderAccess = folderAccessServices(),
                 .bundle = bundle,
@@ -50,6 +53,8 @@ struct Stage : FakePresenceController {
     ObjectWillChange failuresWillChange;
     Published<HotKeyFailures> hotKeyFailures{failuresWillChange, {}};
     ExtensionStatusModel extensionStatus{workspace};
+    FakeLoginItem loginItem;
+    LoginItemModel loginItemModel{loginItem};
 };
 
 } // namespace blankwell

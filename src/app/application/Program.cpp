@@ -9,6 +9,7 @@
 #include "platform/linux/LinuxInstallationForm.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
+#include "platform/linux/UnavailableLoginItem.h"
 #include "platform/linux/XdgAutostart.h"
 #include "platform/linux/update/StagingFolder.h"
 #include "platform/linux/update/SystemVersion.h"
@@ -27,6 +28,16 @@ std::unique_ptr<Log> makeLog() {
     return std::make_unique<StandardErrorLog>();
 }
 
+std::unique_ptr<LoginItem> makeLoginItem(const Environment& environment,
+                                         const std::string& configHome,
+                                         const FileUrl& programFolder) {
+    if (isSandboxed(environment)) {
+        return std::make_unique<UnavailableLoginItem>();
+    }
+    return std::make_unique<XdgAutostart>(FileUrl(configHome), bundleIdentifier,
+                                          programFolder.appending("blankwell-plus"));
+}
+
 std::unique_ptr<DesktopInstallation> makeInstallation(const FileUrl& programFolder,
                                                       const DesktopInstallation::Services& given) {
     return isSandboxed(given.environment)
@@ -43,6 +54,9 @@ Program::Program(const FileUrl& programFolder)
       domains_(preferences_, bundleIdentifier),
       settings_(sharedDefaults(domains_), *log_),
       settingsWatch_(preferences_, appGroupIdentifier, settings_, *log_),
+      loginItem_(makeLoginItem(environment_, preferences_, programFolder)),
+      loginItemWatch_(FileUrl(preferences_), bundleIdentifier,
+                      [this] { loginItemModel_.reload(); }),
       frontFolder_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -148,6 +162,7 @@ Program::Program(const FileUrl& programFolder)
           {
               .theme = theme_,
               .settings = settings_,
+              .loginItem = loginItemModel_,
               .shortcuts =
                   {
                       .settings = settings_,

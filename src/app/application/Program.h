@@ -6,6 +6,7 @@
 #include "app/FinderRequestHandler.h"
 #include "app/RemoteRequests.h"
 #include "app/application/HotKeys.h"
+#include "app/application/LoginItemWatch.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/SettingsWatch.h"
 #include "app/application/UpdateJobLoader.h"
@@ -15,6 +16,7 @@
 #include "base/Subscription.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
+#include "platform/LoginItem.h"
 #include "platform/linux/BundleDirectory.h"
 #include "platform/linux/DirectFileCoordinator.h"
 #include "platform/linux/FileManagerFrontFolder.h"
@@ -48,6 +50,7 @@
 #include "shell/AppUninstaller.h"
 #include "shell/BlankwellSelfUpdater.h"
 #include "updates/StandardUpdaters.h"
+#include "views/LoginItemModel.h"
 #include "widgets/Theme.h"
 
 #include <memory>
@@ -104,6 +107,9 @@ private:
     XdgPreferenceDomains domains_;
     AppSettings settings_;
     SettingsWatch settingsWatch_;
+    std::unique_ptr<LoginItem> loginItem_;
+    LoginItemModel loginItemModel_{*loginItem_};
+    LoginItemWatch loginItemWatch_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_{domains_, bookmarks_, order_, *log_};

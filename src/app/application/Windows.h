@@ -15,6 +15,7 @@ namespace blankwell {
 class ApplicationPresence;
 class BlankwellSelfUpdater;
 class Bundle;
+class LoginItemModel;
 class MainQueue;
 class QtApplication;
 class SceneWindow;
@@ -29,6 +30,7 @@ public:
     struct Services {
         const Theme& theme;
         AppSettings& settings;
+        LoginItemModel& loginItem;
         ShortcutSettingsView::Services shortcuts;
         FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;

@@ -5,11 +5,13 @@
 #include "platform/qt/QtApplication.h"
 #include "settings/ShortcutSettingsView.h"
 #include "shell/UninstallView.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakePresenceController.h"
 #include "views/AppPresenceView.h"
 #include "views/ExtensionPageView.h"
 #include "views/ExtensionStatusView.h"
 #include "views/FileTypesListView.h"
+#include "views/LoginItemModel.h"
 #include "views/MainHeaderView.h"
 #include "widgets/PushButton.h"
 #include "widgets/WidgetTest.h"
@@ -67,11 +69,14 @@ struct WindowsTest : WidgetTest {
     }
 
     FakePresenceController fakes;
+    FakeLoginItem loginItem;
+    LoginItemModel loginItemModel{loginItem};
     QtApplication application;
     int timesLastClosed = 0;
     Windows windows{{
                         .theme = theme,
                         .settings = fakes.settings,
+                        .loginItem = loginItemModel,
                         .shortcuts =
                             {
                                 .settings = fakes.settings,
