@@ -8,6 +8,7 @@
 #include "widgets/Switch.h"
 #include "widgets/TextLabel.h"
 
+#include <QEvent>
 #include <QFontMetrics>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -36,7 +37,7 @@ bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
 UpdateView::UpdateView(const Theme& theme, QWidget* parent) : QWidget(parent), theme_(theme) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    layout->setSizeConstraint(QLayout::SetFixedSize); // as lines wrap, also with another font
 }
 
 void UpdateView::show(const UpdatePage& page, bool checksAutomatically) {
@@ -55,14 +56,16 @@ void UpdateView::build(bool checksAutomatically) {
     }
     bar_ = nullptr;
     amount_ = nullptr;
+    linkNotice_ = nullptr;
     content_ = new QWidget;
-    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
+    takeWidth();
     auto* const lines = new QVBoxLayout(content_);
     lines->setContentsMargins(metrics::mainWindowMargin, metrics::panelMargin,
                               metrics::mainWindowMargin, metrics::panelMargin);
     lines->setSpacing(2 * metrics::grid);
     addTexts(*lines);
     addNotes(*lines);
+    addNotesLink(*lines);
     addProgress(*lines);
     addAutomaticChecks(*lines, checksAutomatically);
     addButtons(*lines);
@@ -109,6 +112,32 @@ void UpdateView::addNotes(QVBoxLayout& lines) {
     area->setAccessibleName(qString(updateNotesTitle));
     lines.addSpacing(metrics::grid);
     lines.addWidget(area);
+}
+
+void UpdateView::addNotesLink(QVBoxLayout& lines) {
+    if (!page_.notesLink) {
+        return;
+    }
+    const auto& link = *page_.notesLink;
+    auto* const button = new PushButton(theme_, link.title);
+    button->setToolTip(qString(link.url));
+    button->setAccessibleDescription(qString(link.url));
+    connect(button, &PushButton::clicked, this, [this, url = link.url] { emit linkPressed(url); });
+    linkNotice_ = new TextLabel(theme_, "",
+                                {.style = TextStyle::caption,
+                                 .color = ColorRole::red,
+                                 .overflow = TextLabel::Overflow::wrap});
+    linkNotice_->hide();
+    lines.addSpacing(metrics::grid);
+    lines.addWidget(button, 0, Qt::AlignLeading);
+    lines.addWidget(linkNotice_);
+}
+
+void UpdateView::tellOfUnopenedLink() {
+    if (linkNotice_ != nullptr) {
+        linkNotice_->setText(unopenedLinkText(page_.notesLink->url));
+        linkNotice_->show();
+    }
 }
 
 void UpdateView::addProgress(QVBoxLayout& lines) {
@@ -160,6 +189,17 @@ void UpdateView::addButtons(QVBoxLayout& lines) {
     }
     lines.addSpacing(2 * metrics::grid);
     lines.addLayout(row);
+}
+
+void UpdateView::takeWidth() {
+    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
+}
+
+void UpdateView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && content_ != nullptr) {
+        takeWidth();
+    }
 }
 
 void UpdateView::showProgress() {

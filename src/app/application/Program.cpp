@@ -108,7 +108,7 @@ Program::Program(const FileUrl& programFolder)
       }),
       bundleUse_(bundle_.url()),
       updateJob_(programFolder, environment_.variable("SSL_CERT_FILE").value_or(""), bundleUse_),
-      updateWindow_(theme_, application_,
+      updateWindow_(theme_, application_, workspace_,
                     bundle_.infoString("CFBundleShortVersionString").value_or("")),
       updaters_({
           .bundle = bundle_,
