@@ -16,6 +16,7 @@
 #include "widgets/Symbols.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 
 namespace blankwell::application {
@@ -206,6 +207,8 @@ void Program::start(const Invocation& invocation) {
     }
     // Once there is nothing more urgent to do.
     QTimer::singleShot(0, [this] {
+        // For desktops that do not find it by the desktop entry.
+        QApplication::setWindowIcon(QIcon(":/app.blankwell.BlankwellPlus.svg"));
         creation_.prepareQuickCreatePanel();
         removeOldBundles();
         keepInstallation();
