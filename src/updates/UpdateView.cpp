@@ -2,6 +2,7 @@
 
 #include "widgets/Heading.h"
 #include "widgets/Metrics.h"
+#include "widgets/ProgressBar.h"
 #include "widgets/PushButton.h"
 #include "widgets/QtStrings.h"
 #include "widgets/ScrollArea.h"
@@ -10,7 +11,6 @@
 
 #include <QEvent>
 #include <QFontMetrics>
-#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,7 +22,7 @@ namespace {
 
 /// The page's width in lines of text, so that it grows with the font.
 constexpr int widthInLines = 27;
-constexpr int notesHeight = 160;
+constexpr int greatestNotesHeight = 160;
 
 bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
     if (!page.progress || !other.progress) {
@@ -54,11 +54,11 @@ void UpdateView::build(bool checksAutomatically) {
         content_->hide();
         content_->deleteLater(); // a button of it may be what led here
     }
+    notes_ = nullptr;
     bar_ = nullptr;
     amount_ = nullptr;
     linkNotice_ = nullptr;
     content_ = new QWidget;
-    takeWidth();
     auto* const lines = new QVBoxLayout(content_);
     lines->setContentsMargins(metrics::mainWindowMargin, metrics::panelMargin,
                               metrics::mainWindowMargin, metrics::panelMargin);
@@ -69,6 +69,7 @@ void UpdateView::build(bool checksAutomatically) {
     addProgress(*lines);
     addAutomaticChecks(*lines, checksAutomatically);
     addButtons(*lines);
+    takeSize();
     layout()->addWidget(content_);
     first_->setFocus(Qt::TabFocusReason); // once it is in the window whose keyboard it gets
 }
@@ -107,11 +108,11 @@ void UpdateView::addNotes(QVBoxLayout& lines) {
     auto* const area = new ScrollArea(theme_);
     area->setWidget(notesOf(page_.notes));
     area->setWidgetResizable(true);
-    area->setFixedHeight(notesHeight);
     area->setFocusPolicy(Qt::TabFocus); // so that keys can scroll it
     area->setAccessibleName(qString(updateNotesTitle));
     lines.addSpacing(metrics::grid);
     lines.addWidget(area);
+    notes_ = area;
 }
 
 void UpdateView::addNotesLink(QVBoxLayout& lines) {
@@ -144,8 +145,7 @@ void UpdateView::addProgress(QVBoxLayout& lines) {
     if (!page_.progress) {
         return;
     }
-    bar_ = new QProgressBar;
-    bar_->setTextVisible(false);
+    bar_ = new ProgressBar(theme_);
     bar_->setAccessibleName(qString(page_.title));
     amount_ = new TextLabel(theme_, page_.progress->text,
                             {.style = TextStyle::caption, .color = ColorRole::secondaryLabel});
@@ -162,6 +162,7 @@ void UpdateView::addAutomaticChecks(QVBoxLayout& lines, bool checksAutomatically
     connect(toggle, &Switch::toggled, this, &UpdateView::checksAutomaticallyChanged);
     auto* const row = new QHBoxLayout;
     row->setSpacing(2 * metrics::grid);
+    row->addSpacing(-Switch::ringMargin); // what is seen of it stands in line
     row->addWidget(toggle);
     row->addWidget(
         new TextLabel(theme_, automaticChecksTitle,
@@ -191,14 +192,23 @@ void UpdateView::addButtons(QVBoxLayout& lines) {
     lines.addLayout(row);
 }
 
-void UpdateView::takeWidth() {
-    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
+/// Notes have the room that they need, up to a height from which they scroll.
+void UpdateView::takeSize() {
+    const int width = widthInLines * QFontMetrics(fontOf(TextStyle::body)).height();
+    content_->setFixedWidth(width);
+    if (notes_ != nullptr) {
+        const int room = width - 2 * metrics::mainWindowMargin - ScrollArea::barWidth;
+        notes_->setFixedHeight(
+            std::clamp(notes_->widget()->layout()->totalHeightForWidth(room),
+                       std::min(notes_->minimumSizeHint().height(), greatestNotesHeight),
+                       greatestNotesHeight));
+    }
 }
 
 void UpdateView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange && content_ != nullptr) {
-        takeWidth();
+        takeSize();
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 class QProgressBar;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace blankwell {
@@ -48,11 +49,12 @@ private:
     void addAutomaticChecks(QVBoxLayout& lines, bool checksAutomatically);
     void addButtons(QVBoxLayout& lines);
     void showProgress();
-    void takeWidth();
+    void takeSize();
 
     const Theme& theme_;
     UpdatePage page_;
     QWidget* content_ = nullptr;
+    QScrollArea* notes_ = nullptr;
     QProgressBar* bar_ = nullptr;
     TextLabel* amount_ = nullptr;
     /// What became of the link.

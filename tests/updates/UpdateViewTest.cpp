@@ -138,14 +138,19 @@ TEST_F(UpdateViewTest, NotesOnTheWebAreReachedByKeyboard) {
     EXPECT_THAT(shownTexts(), Not(Contains(unopenedLinkText(item.releaseNotesLink))));
 }
 
-TEST_F(UpdateViewTest, NotesOfAnyLengthLeaveTheButtonsInSight) {
-    render(UpdateFound{item});
-    const auto height = view.sizeHint().height();
-    for (int i = 0; i < 100; ++i) {
-        item.description += "<p>And much more.</p>";
-    }
-    render(UpdateFound{item});
-    EXPECT_EQ(view.sizeHint().height(), height);
+TEST_F(UpdateViewTest, NotesTakeTheRoomThatTheyNeedAndLeaveTheButtonsInSight) {
+    const auto heightWith = [this](int lines) {
+        item.description.clear();
+        for (int i = 0; i < lines; ++i) {
+            item.description += "<p>And more.</p>";
+        }
+        render(UpdateFound{item});
+        return view.sizeHint().height();
+    };
+    const auto most = heightWith(50);
+    EXPECT_EQ(heightWith(500), most);
+    EXPECT_LT(heightWith(5), most);
+    EXPECT_LT(heightWith(1), heightWith(5));
 }
 
 } // namespace
