@@ -1,6 +1,7 @@
 #include "updates/UpdatePage.h"
 
 #include "base/Overloaded.h"
+#include "base/UrlComponents.h"
 #include "updates/PlainText.h"
 
 #include <fmt/core.h>
@@ -19,11 +20,28 @@ std::string megabytes(std::uint64_t bytes) {
 }
 
 std::string notesOf(const AppcastItem& item) {
-    if (!item.description.empty()) {
-        return item.descriptionFormat == "html" ? plainTextOfHtml(item.description)
-                                                : item.description;
+    return item.descriptionFormat == "html" ? plainTextOfHtml(item.description) : item.description;
+}
+
+/// `expected` in small letters.
+bool isScheme(std::string_view scheme, std::string_view expected) {
+    return std::ranges::equal(scheme, expected, [](char letter, char small) {
+        return letter == small || (letter | 0x20) == small;
+    });
+}
+
+/// A feed leads to the web, and to none of the programs that other addresses would start.
+bool leadsToWeb(std::string_view url) {
+    const auto parts = parseUrl(url);
+    return parts && !parts->host.empty() &&
+           (isScheme(parts->scheme, "https") || isScheme(parts->scheme, "http"));
+}
+
+std::optional<UpdatePage::Link> notesLinkOf(const AppcastItem& item) {
+    if (!leadsToWeb(item.releaseNotesLink)) {
+        return std::nullopt;
     }
-    return item.releaseNotesLink;
+    return UpdatePage::Link{.title = "Read the Release Notes", .url = item.releaseNotesLink};
 }
 
 UpdatePage::Progress progressOf(const TransferProgress& progress) {
@@ -45,6 +63,7 @@ UpdatePage foundPage(const UpdateFound& found, const std::string& runningVersion
                             found.item.shortVersion, runningVersion,
                             found.isCritical ? " This update is important for your security." : ""),
         .notes = notesOf(found.item),
+        .notesLink = notesLinkOf(found.item),
         .buttons = {{"Install Update", UpdateAnswer::install, true},
                     {"Later", UpdateAnswer::close}},
         .offersAutomaticChecks = true,
@@ -87,6 +106,10 @@ UpdatePage elsewherePage(const std::string& description) {
 }
 
 } // namespace
+
+std::string unopenedLinkText(const std::string& url) {
+    return fmt::format("No program could open {}.", url);
+}
 
 UpdatePage pageFor(const UpdateState& state, const std::string& runningVersion) {
     return std::visit(

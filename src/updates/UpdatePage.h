@@ -27,10 +27,20 @@ struct UpdatePage {
         friend bool operator==(const Progress&, const Progress&) = default;
     };
 
+    /// A place on the web.
+    struct Link {
+        std::string title;
+        std::string url;
+
+        friend bool operator==(const Link&, const Link&) = default;
+    };
+
     std::string title;
     std::string text;
     /// What is new, as plain text; empty where there is nothing to read.
     std::string notes;
+    /// Where it is to be read in full.
+    std::optional<Link> notesLink;
     std::optional<Progress> progress;
     /// In the order of reading.
     std::vector<Button> buttons;
@@ -44,6 +54,9 @@ inline constexpr auto updateWindowTitle = "Software Update";
 /// What the notes are called.
 inline constexpr auto updateNotesTitle = "What is new";
 inline constexpr auto automaticChecksTitle = "Check for updates automatically, once a day";
+
+/// What to say where nothing opens `url`.
+[[nodiscard]] std::string unopenedLinkText(const std::string& url);
 
 /// The page for `state`. `runningVersion` is what people call the version that runs.
 [[nodiscard]] UpdatePage pageFor(const UpdateState& state, const std::string& runningVersion);

@@ -2,14 +2,15 @@
 
 #include "widgets/Heading.h"
 #include "widgets/Metrics.h"
+#include "widgets/ProgressBar.h"
 #include "widgets/PushButton.h"
 #include "widgets/QtStrings.h"
 #include "widgets/ScrollArea.h"
 #include "widgets/Switch.h"
 #include "widgets/TextLabel.h"
 
+#include <QEvent>
 #include <QFontMetrics>
-#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,7 +22,7 @@ namespace {
 
 /// The page's width in lines of text, so that it grows with the font.
 constexpr int widthInLines = 27;
-constexpr int notesHeight = 160;
+constexpr int greatestNotesHeight = 160;
 
 bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
     if (!page.progress || !other.progress) {
@@ -36,7 +37,7 @@ bool differsInProgressOnly(const UpdatePage& page, UpdatePage other) {
 UpdateView::UpdateView(const Theme& theme, QWidget* parent) : QWidget(parent), theme_(theme) {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    layout->setSizeConstraint(QLayout::SetFixedSize); // as lines wrap, also with another font
 }
 
 void UpdateView::show(const UpdatePage& page, bool checksAutomatically) {
@@ -53,19 +54,22 @@ void UpdateView::build(bool checksAutomatically) {
         content_->hide();
         content_->deleteLater(); // a button of it may be what led here
     }
+    notes_ = nullptr;
     bar_ = nullptr;
     amount_ = nullptr;
+    linkNotice_ = nullptr;
     content_ = new QWidget;
-    content_->setFixedWidth(widthInLines * QFontMetrics(fontOf(TextStyle::body)).height());
     auto* const lines = new QVBoxLayout(content_);
     lines->setContentsMargins(metrics::mainWindowMargin, metrics::panelMargin,
                               metrics::mainWindowMargin, metrics::panelMargin);
     lines->setSpacing(2 * metrics::grid);
     addTexts(*lines);
     addNotes(*lines);
+    addNotesLink(*lines);
     addProgress(*lines);
     addAutomaticChecks(*lines, checksAutomatically);
     addButtons(*lines);
+    takeSize();
     layout()->addWidget(content_);
     first_->setFocus(Qt::TabFocusReason); // once it is in the window whose keyboard it gets
 }
@@ -104,19 +108,44 @@ void UpdateView::addNotes(QVBoxLayout& lines) {
     auto* const area = new ScrollArea(theme_);
     area->setWidget(notesOf(page_.notes));
     area->setWidgetResizable(true);
-    area->setFixedHeight(notesHeight);
     area->setFocusPolicy(Qt::TabFocus); // so that keys can scroll it
     area->setAccessibleName(qString(updateNotesTitle));
     lines.addSpacing(metrics::grid);
     lines.addWidget(area);
+    notes_ = area;
+}
+
+void UpdateView::addNotesLink(QVBoxLayout& lines) {
+    if (!page_.notesLink) {
+        return;
+    }
+    const auto& link = *page_.notesLink;
+    auto* const button = new PushButton(theme_, link.title);
+    button->setToolTip(qString(link.url));
+    button->setAccessibleDescription(qString(link.url));
+    connect(button, &PushButton::clicked, this, [this, url = link.url] { emit linkPressed(url); });
+    linkNotice_ = new TextLabel(theme_, "",
+                                {.style = TextStyle::caption,
+                                 .color = ColorRole::red,
+                                 .overflow = TextLabel::Overflow::wrap});
+    linkNotice_->hide();
+    lines.addSpacing(metrics::grid);
+    lines.addWidget(button, 0, Qt::AlignLeading);
+    lines.addWidget(linkNotice_);
+}
+
+void UpdateView::tellOfUnopenedLink() {
+    if (linkNotice_ != nullptr) {
+        linkNotice_->setText(unopenedLinkText(page_.notesLink->url));
+        linkNotice_->show();
+    }
 }
 
 void UpdateView::addProgress(QVBoxLayout& lines) {
     if (!page_.progress) {
         return;
     }
-    bar_ = new QProgressBar;
-    bar_->setTextVisible(false);
+    bar_ = new ProgressBar(theme_);
     bar_->setAccessibleName(qString(page_.title));
     amount_ = new TextLabel(theme_, page_.progress->text,
                             {.style = TextStyle::caption, .color = ColorRole::secondaryLabel});
@@ -133,6 +162,7 @@ void UpdateView::addAutomaticChecks(QVBoxLayout& lines, bool checksAutomatically
     connect(toggle, &Switch::toggled, this, &UpdateView::checksAutomaticallyChanged);
     auto* const row = new QHBoxLayout;
     row->setSpacing(2 * metrics::grid);
+    row->addSpacing(-Switch::ringMargin); // what is seen of it stands in line
     row->addWidget(toggle);
     row->addWidget(
         new TextLabel(theme_, automaticChecksTitle,
@@ -160,6 +190,26 @@ void UpdateView::addButtons(QVBoxLayout& lines) {
     }
     lines.addSpacing(2 * metrics::grid);
     lines.addLayout(row);
+}
+
+/// Notes have the room that they need, up to a height from which they scroll.
+void UpdateView::takeSize() {
+    const int width = widthInLines * QFontMetrics(fontOf(TextStyle::body)).height();
+    content_->setFixedWidth(width);
+    if (notes_ != nullptr) {
+        const int room = width - 2 * metrics::mainWindowMargin - ScrollArea::barWidth;
+        notes_->setFixedHeight(
+            std::clamp(notes_->widget()->layout()->totalHeightForWidth(room),
+                       std::min(notes_->minimumSizeHint().height(), greatestNotesHeight),
+                       greatestNotesHeight));
+    }
+}
+
+void UpdateView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && content_ != nullptr) {
+        takeSize();
+    }
 }
 
 void UpdateView::showProgress() {

@@ -1,9 +1,13 @@
 #include "views/AppPresenceView.h"
 
 #include "settings/AppSettings.h"
+#include "views/LoginItemRow.h"
 #include "views/MainWindowContent.h"
 #include "widgets/Heading.h"
+#include "widgets/Metrics.h"
 #include "widgets/SegmentedControl.h"
+#include "widgets/Separator.h"
+#include "widgets/Switch.h"
 #include "widgets/TextLabel.h"
 
 #include <QVBoxLayout>
@@ -27,18 +31,30 @@ std::vector<SegmentedControl::Title> titles() {
 
 } // namespace
 
-AppPresenceView::AppPresenceView(const Theme& theme, AppSettings& settings, QWidget* parent)
+AppPresenceView::AppPresenceView(const Theme& theme, AppSettings& settings,
+                                 LoginItemModel& loginItem, QWidget* parent)
     : Card(theme, parent),
       picker_(new SegmentedControl(theme, mainWindowTexts.appPresenceHeading, titles())),
       description_(new TextLabel(theme, "",
                                  {.style = TextStyle::caption,
                                   .color = ColorRole::secondaryLabel,
                                   .overflow = TextLabel::Overflow::wrap})) {
-    content().addWidget(
+    // The ring of the switch is beyond what stands in line.
+    constexpr int ring = Switch::ringMargin;
+    constexpr int side = metrics::cardPadding - ring;
+    content().setContentsMargins(side, metrics::cardPadding, side, metrics::cardPadding);
+    auto* const choice = new QVBoxLayout;
+    choice->setContentsMargins(ring, 0, ring, 0);
+    choice->setSpacing(content().spacing());
+    choice->addWidget(
         new Heading(theme, mainWindowTexts.appPresenceHeading, {.style = TextStyle::headline}));
     picker_->setMinimumWidth(pickerWidth);
-    content().addWidget(picker_);
-    content().addWidget(description_);
+    choice->addWidget(picker_);
+    choice->addWidget(description_);
+    choice->addSpacing(metrics::grid);
+    choice->addWidget(new Separator(theme));
+    content().addLayout(choice);
+    content().addWidget(new LoginItemRow(theme, loginItem));
     connect(picker_, &SegmentedControl::selectedByUser, this, [&settings](int index) {
         settings.appPresence.set(presenceSegments().at(static_cast<std::size_t>(index)).presence);
     });

@@ -7,16 +7,19 @@
 namespace blankwell {
 
 class AppSettings;
+class LoginItemModel;
 class SegmentedControl;
 class TextLabel;
 
-/// The card in which the user chooses where the application shows itself.
+/// The card in which the user chooses where the application shows itself, and whether it starts at
+/// login.
 class AppPresenceView : public Card {
     Q_OBJECT
 
 public:
-    /// `settings` must outlive this object.
-    AppPresenceView(const Theme& theme, AppSettings& settings, QWidget* parent = nullptr);
+    /// `settings` and `loginItem` must outlive this object.
+    AppPresenceView(const Theme& theme, AppSettings& settings, LoginItemModel& loginItem,
+                    QWidget* parent = nullptr);
 
 private:
     void render(AppPresence presence);

@@ -11,6 +11,8 @@
 #include "widgets/Metrics.h"
 #include "widgets/ScrollArea.h"
 
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -31,6 +33,21 @@ public:
     [[nodiscard]] QSize sizeHint() const override {
         return {static_cast<int>(mainwindow::contentMinimumSize.width),
                 static_cast<int>(mainwindow::scrollAreaIdealHeight)};
+    }
+
+protected:
+    /// Those of the arrows and of whole pages it knows by itself.
+    void keyPressEvent(QKeyEvent* event) override {
+        switch (event->key()) {
+        case Qt::Key_Home:
+            verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+            break;
+        case Qt::Key_End:
+            verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+            break;
+        default:
+            ScrollArea::keyPressEvent(event);
+        }
     }
 };
 
@@ -72,7 +89,7 @@ QWidget* ContentView::makeSection(MainWindowSection section, const Services& ser
     case MainWindowSection::header:
         return new MainHeaderView(theme, services.bundle);
     case MainWindowSection::appPresence:
-        return new AppPresenceView(theme, services.settings);
+        return new AppPresenceView(theme, services.settings, services.loginItem);
     case MainWindowSection::fileTypes:
         return new FileTypesListView(theme, services.settings, services.mainQueue);
     case MainWindowSection::shortcuts:

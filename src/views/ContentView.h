@@ -13,6 +13,7 @@ namespace blankwell {
 class AppSettings;
 class Bundle;
 class ExtensionStatusModel;
+class LoginItemModel;
 class MainQueue;
 class Theme;
 class UninstallFlow;
@@ -26,6 +27,7 @@ public:
     struct Services {
         const Theme& theme;
         AppSettings& settings;
+        LoginItemModel& loginItem;
         ShortcutSettingsView::Services shortcuts;
         FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;

@@ -1,13 +1,9 @@
 """Every control of the windows, operated as a screen reader does it, with what comes of it."""
 
-import pathlib
-import subprocess
 import unittest
 
-from accessible_application import (APPLICATION, EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
-                                    ApplicationTestCase, Heard, State, press_keys)
-
-COMMAND_LINE = pathlib.Path(APPLICATION).with_name("blankwell")
+from accessible_application import (EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
+                                    ApplicationTestCase, Heard, State, press_keys, run_command)
 
 CONTROL_OPTION_N = (45, 0x1800)
 CONTROL_SHIFT_J = (38, 0x1200)
@@ -98,7 +94,7 @@ class AccessibleMainWindow(ApplicationTestCase):
             lambda: switch.description, "3 of 4. Alt+Up and Alt+Down change the order.")
         self.assertEqual(self.stored("fileTypeOrder")[:4], ["txt", "rtf", "md", "csv"])
         self.assert_eventually_equal(
-            lambda: [name for role, name in self.main.read() if role == "check box"][:4],
+            lambda: [name for role, name in self.main.read() if role == "check box"][1:5],
             ["Text", "Rich Text", "Markdown", "CSV"])
 
     def test_changes_where_the_application_is_present(self):
@@ -112,6 +108,22 @@ class AccessibleMainWindow(ApplicationTestCase):
             self.assert_eventually_equal(lambda: self.stored("appPresence"), presence)
             self.assert_eventually(lambda: choice.has(State.CHECKED))
             self.element(self.main, "label", description)
+
+    def test_switches_the_start_at_login_together_with_the_command_line(self):
+        entry = HOME / ".config/autostart/app.blankwell.BlankwellPlus.desktop"
+        self.addCleanup(lambda: entry.unlink(missing_ok=True))
+        switch = self.element(self.main, "check box", "Open at login")
+        self.assertFalse(switch.has(State.CHECKED))
+        switch.act()
+        self.assert_eventually(lambda: switch.has(State.CHECKED))
+        self.assertEqual(run_command("autostart"), "on\n")
+        self.assertTrue(entry.exists())
+        run_command("autostart", "off")
+        self.assert_eventually(lambda: not switch.has(State.CHECKED))
+        run_command("autostart", "on")
+        self.assert_eventually(lambda: switch.has(State.CHECKED))
+        switch.act()
+        self.assert_eventually(lambda: not entry.exists())
 
     def test_records_the_quick_create_shortcut(self):
         recorder = self.recorder("Quick Create Shortcut")
@@ -256,9 +268,9 @@ class AccessibleExtensionPage(ApplicationTestCase):
         self.assertFalse(self.menu.exists())
 
     def test_follows_what_the_command_line_changes(self):
-        subprocess.run([COMMAND_LINE, "menus", "on", "caja"], check=True)
+        run_command("menus", "on", "caja")
         self.assert_eventually(lambda: self.switch.has(State.CHECKED))
-        subprocess.run([COMMAND_LINE, "menus", "off", "caja"], check=True)
+        run_command("menus", "off", "caja")
         self.assert_eventually(lambda: not self.switch.has(State.CHECKED))
         self.assertFalse(self.menu.exists())
 

@@ -10,6 +10,7 @@ import plistlib
 import signal
 import subprocess
 import time
+import typing
 import unittest
 
 import gi
@@ -40,6 +41,13 @@ def eventually(look, patience=PATIENCE):
         if seen or time.monotonic() > end:
             return seen
         time.sleep(0.05)
+
+
+class Place(typing.NamedTuple):
+    left: int
+    top: int
+    right: int
+    bottom: int
 
 
 class Element:
@@ -93,6 +101,11 @@ class Element:
             (element for element in among() if (element.role, element.name) == (role, name)),
             None))
 
+    def place(self):
+        """Where it stands on the screen."""
+        extents = self.node.get_extents(Atspi.CoordType.SCREEN)
+        return Place(extents.x, extents.y, extents.x + extents.width, extents.y + extents.height)
+
     def act(self):
         """Does what a click would do."""
         if not self.node.do_action(0):
@@ -131,6 +144,12 @@ class Heard:
 def press_keys(*keys):
     """Presses the keys, or combinations of keys, one after the other; named as xdotool does."""
     subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+
+def run_command(*arguments):
+    """What the command line prints."""
+    return subprocess.run([os.environ["BLANKWELL_PROGRAM"], *arguments], check=True,
+                          capture_output=True, text=True).stdout
 
 
 class ApplicationTestCase(unittest.TestCase):

@@ -1,4 +1,4 @@
-"""Where Tab leads: to every control, in the order in which they are read."""
+"""Where Tab leads: to every control, in the order in which they are read. Each is in sight then."""
 
 import unittest
 
@@ -8,6 +8,15 @@ from accessible_application import (EXTENSION, PANEL, WALKTHROUGH, ApplicationTe
 TYPES = ["Text", "Markdown", "Rich Text", "CSV", "JSON", "YAML", "XML", "HTML", "CSS",
          "JavaScript", "Shell Script", "Python", "Swift", "Word Document", "Excel Spreadsheet",
          "PowerPoint Presentation"]
+
+
+def is_in_sight(window, element):
+    """Whether all of the element stands in the window, below its menus."""
+    around, place = window.place(), element.place()
+    top = max([around.top] + [bar.place().bottom for bar in window.children()
+                              if bar.role == "menu bar"])
+    return (around.left <= place.left < place.right <= around.right
+            and top <= place.top < place.bottom <= around.bottom)
 
 
 class FocusOrder(ApplicationTestCase):
@@ -22,6 +31,8 @@ class FocusOrder(ApplicationTestCase):
                 press_keys(keys)
                 self.assert_eventually(lambda: stop.has(State.FOCUSED),
                                        f"{keys} does not lead to {stop.role} {stop.name}")
+                self.assert_eventually(lambda: is_in_sight(window, stop),
+                                       f"{stop.role} {stop.name} is out of sight")
 
     def test_of_the_panel(self):
         self.start("--action=quick-create")
@@ -39,7 +50,7 @@ class FocusOrder(ApplicationTestCase):
         self.assert_eventually(lambda: disclosure.has(State.EXPANDED))
         self.assert_tab_leads_through(
             main,
-            ["Dock"] + TYPES +
+            ["Dock", "Open at login"] + TYPES +
             ["Quick Create Shortcut", "Reset Quick Create shortcut", "Desktop",
              "Direct File Shortcuts"] +
             [f"{name} shortcut" for name in TYPES] +
@@ -53,10 +64,11 @@ class FocusOrder(ApplicationTestCase):
         press_keys("alt+Down")
         moved = ["Markdown", "Text"] + TYPES[2:]
         self.assert_eventually_equal(
-            lambda: [name for role, name in main.read() if role == "check box"], moved)
+            lambda: [name for role, name in main.read() if role == "check box"],
+            ["Open at login"] + moved)
         self.assert_tab_leads_through(
             main,
-            ["Dock"] + moved +
+            ["Dock", "Open at login"] + moved +
             ["Quick Create Shortcut", "Reset Quick Create shortcut", "Desktop",
              "Direct File Shortcuts"] +
             [f"{name} shortcut" for name in moved] +

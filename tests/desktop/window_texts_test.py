@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import subprocess
 import unittest
 
 from accessible_application import (EXTENSION, HELP, HOME, MAIN, PANEL, WALKTHROUGH,
@@ -62,6 +63,14 @@ class WindowTexts(ApplicationTestCase):
         window = self.window(EXTENSION)
         self.assertEqual(window.role, "frame")
         self.assert_reads(window, "extension-page")
+
+    def test_of_the_icon(self):
+        self.start_main_window()
+
+        def icon():
+            return subprocess.run(["xprop", "-name", MAIN, "_NET_WM_ICON"], check=True,
+                                  capture_output=True, text=True).stdout
+        self.assert_eventually(lambda: "Icon (16 x 16)" in icon(), "the main window has no icon")
 
     def test_of_the_menus(self):
         bar = self.start_main_window().find("menu bar", "")

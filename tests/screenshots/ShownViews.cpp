@@ -9,6 +9,8 @@
 #include "shell/StatusMenu.h"
 #include "shell/UninstallView.h"
 #include "support/Stage.h"
+#include "updates/UpdateRefusal.h"
+#include "updates/UpdateView.h"
 #include "views/CreationGuideView.h"
 #include "views/ExtensionPageView.h"
 #include "views/HelpContent.h"
@@ -196,6 +198,24 @@ View creationGuide(Stage& stage) {
     return view;
 }
 
+View updatePage(Stage& stage, const UpdateState& state) {
+    auto view = std::make_unique<UpdateView>(stage.theme);
+    view->show(pageFor(state, "1.0"), false);
+    view->adjustSize();
+    return view;
+}
+
+AppcastItem update() {
+    return {.version = "110",
+            .shortVersion = "1.1",
+            .description =
+                "<p>The panel opens twice as fast.</p>"
+                "<ul><li>Files can be created in folders on servers.</li>"
+                "<li>A grant follows its folder when that is renamed.</li>"
+                "<li>The menu of the file manager has the types in your order.</li></ul>",
+            .releaseNotesLink = "https://example.org/blankwell/1.1"};
+}
+
 } // namespace
 
 const std::vector<ShownView>& shownViews() {
@@ -231,6 +251,26 @@ const std::vector<ShownView>& shownViews() {
         {"onboarding-4", [](Stage& stage) { return onboarding(stage, 4); }},
         {"help", help},
         {"creation-guide", creationGuide},
+        {"update-found", [](Stage& stage) { return updatePage(stage, UpdateFound{update()}); }},
+        {"update-none", [](Stage& stage) { return updatePage(stage, NoUpdateFound{}); }},
+        {"update-downloading",
+         [](Stage& stage) {
+             return updatePage(stage, DownloadingUpdate{update(),
+                                                        {.received = 12'300'000,
+                                                         .expected = 33'400'000,
+                                                         .bytesPerSecond = 2'100'000}});
+         }},
+        {"update-ready", [](Stage& stage) { return updatePage(stage, UpdateReady{update()}); }},
+        {"update-failed",
+         [](Stage& stage) {
+             return updatePage(stage, UpdateFailed{"The server sent less than it announced. "
+                                                   "Check the connection and try again."});
+         }},
+        {"update-elsewhere",
+         [](Stage& stage) {
+             return updatePage(
+                 stage, UpdatedElsewhere{updaterElsewhere(InstallationForm::package).value()});
+         }},
     };
     return all;
 }

@@ -3,10 +3,12 @@
 #include "settings/ShortcutSettingsView.h"
 #include "support/FakeAppearance.h"
 #include "support/FakeInstallation.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakePresenceController.h"
 #include "views/ContentView.h"
 #include "views/ExtensionStatusModel.h"
 #include "views/FileManagerMenusModel.h"
+#include "views/LoginItemModel.h"
 #include "widgets/Theme.h"
 
 namespace blankwell {
@@ -39,6 +41,7 @@ struct Stage : FakePresenceController {
     ContentView::Services contentServices() {
         return {.theme = theme,
                 .settings = settings,
+                .loginItem = loginItemModel,
                 .shortcuts = shortcutServices(),
                 .folderAccess = folderAccessServices(),
                 .bundle = bundle,
@@ -54,6 +57,8 @@ struct Stage : FakePresenceController {
     ExtensionStatusModel extensionStatus{workspace};
     FakeInstallation installation;
     FileManagerMenusModel menus{installation};
+    FakeLoginItem loginItem;
+    LoginItemModel loginItemModel{loginItem};
 };
 
 } // namespace blankwell

@@ -41,11 +41,34 @@ TEST(UpdatePageTest, NotesInPlainTextStayAsTheyAre) {
     EXPECT_EQ(page(UpdateFound{plain}).notes, "a < b");
 }
 
-TEST(UpdatePageTest, WithoutNotesTheirAddressIsShown) {
+TEST(UpdatePageTest, NotesOnTheWebAreLinkedTo) {
     auto linked = item;
+    EXPECT_EQ(page(UpdateFound{linked}).notesLink, std::nullopt);
+    linked.releaseNotesLink = "https://example.org/notes?version=1.2";
+    EXPECT_EQ(
+        page(UpdateFound{linked}).notesLink,
+        (UpdatePage::Link{"Read the Release Notes", "https://example.org/notes?version=1.2"}));
+    EXPECT_EQ(page(UpdateFound{linked}).notes, "Faster\nSmaller");
     linked.description = "";
-    linked.releaseNotesLink = "https://example.org/notes";
-    EXPECT_EQ(page(UpdateFound{linked}).notes, "https://example.org/notes");
+    EXPECT_EQ(page(UpdateFound{linked}).notes, "");
+    EXPECT_EQ(unopenedLinkText("https://example.org"),
+              "No program could open https://example.org.");
+}
+
+TEST(UpdatePageTest, AFeedLeadsNowhereButToTheWeb) {
+    const auto hasLink = [](const char* address) {
+        auto linked = item;
+        linked.releaseNotesLink = address;
+        return page(UpdateFound{linked}).notesLink.has_value();
+    };
+    EXPECT_TRUE(hasLink("http://example.org"));
+    EXPECT_TRUE(hasLink("HTTPS://example.org/notes"));
+    for (const auto* const address :
+         {"file:///etc/passwd", "blankwellplus://create?type=md&directory=/", "notes.html",
+          "https:notes.html", "https://", "httpss://example.org", "mailto:a@example.org",
+          "//example.org/notes", "https://example.org/?%zz"}) {
+        EXPECT_FALSE(hasLink(address)) << address;
+    }
 }
 
 TEST(UpdatePageTest, ACriticalUpdateSaysSoAndCannotBeSkipped) {

@@ -11,8 +11,10 @@
 namespace blankwell {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 struct UpdateViewTest : WidgetTest {
     UpdateViewTest() {
@@ -29,6 +31,16 @@ struct UpdateViewTest : WidgetTest {
         std::vector<std::string> result;
         for (const auto* label : view.findChildren<TextLabel*>()) {
             result.push_back(label->text().toStdString());
+        }
+        return result;
+    }
+
+    std::vector<std::string> shownTexts() const {
+        std::vector<std::string> result;
+        for (const auto* label : view.findChildren<TextLabel*>()) {
+            if (label->isVisible()) {
+                result.push_back(label->text().toStdString());
+            }
         }
         return result;
     }
@@ -96,21 +108,49 @@ TEST_F(UpdateViewTest, ProgressMovesWithoutMakingThePageAnew) {
     render(DownloadingUpdate{item, {500'000, 1'000'000, 250'000}});
     const auto* const bar = view.findChild<QProgressBar*>();
     EXPECT_EQ(bar->value() * 2, bar->maximum());
-    EXPECT_THAT(texts(), testing::Contains("0.5 MB of 1.0 MB (0.2 MB per second)"));
+    EXPECT_THAT(texts(), Contains("0.5 MB of 1.0 MB (0.2 MB per second)"));
     EXPECT_EQ(button("Cancel"), cancel.data());
     render(InstallingUpdate{item});
     EXPECT_EQ(cancel, nullptr);
     EXPECT_EQ(view.findChild<QProgressBar*>()->maximum(), 0);
 }
 
-TEST_F(UpdateViewTest, NotesOfAnyLengthLeaveTheButtonsInSight) {
+TEST_F(UpdateViewTest, NotesOnTheWebAreReachedByKeyboard) {
+    std::vector<std::string> pressed;
+    QObject::connect(&view, &UpdateView::linkPressed,
+                     [&](const std::string& url) { pressed.push_back(url); });
+    item.description = "";
+    item.releaseNotesLink = "https://example.org/notes";
     render(UpdateFound{item});
-    const auto height = view.sizeHint().height();
-    for (int i = 0; i < 100; ++i) {
-        item.description += "<p>And much more.</p>";
-    }
-    render(UpdateFound{item});
-    EXPECT_EQ(view.sizeHint().height(), height);
+    show(view);
+    auto* const link = button("Read the Release Notes");
+    ASSERT_NE(link, nullptr);
+    EXPECT_EQ(accessible(*link).text(QAccessible::Description), "https://example.org/notes");
+    link->setFocus();
+    QTest::keyClick(link, Qt::Key_Return);
+    EXPECT_THAT(pressed, ElementsAre("https://example.org/notes"));
+    EXPECT_THAT(answers, IsEmpty());
+    EXPECT_THAT(shownTexts(), Not(Contains(unopenedLinkText(item.releaseNotesLink))));
+    view.tellOfUnopenedLink();
+    EXPECT_THAT(shownTexts(), Contains(unopenedLinkText(item.releaseNotesLink)));
+    render(NoUpdateFound{});
+    view.tellOfUnopenedLink();
+    EXPECT_THAT(shownTexts(), Not(Contains(unopenedLinkText(item.releaseNotesLink))));
+}
+
+TEST_F(UpdateViewTest, NotesTakeTheRoomThatTheyNeedAndLeaveTheButtonsInSight) {
+    const auto heightWith = [this](int lines) {
+        item.description.clear();
+        for (int i = 0; i < lines; ++i) {
+            item.description += "<p>And more.</p>";
+        }
+        render(UpdateFound{item});
+        return view.sizeHint().height();
+    };
+    const auto most = heightWith(50);
+    EXPECT_EQ(heightWith(500), most);
+    EXPECT_LT(heightWith(5), most);
+    EXPECT_LT(heightWith(1), heightWith(5));
 }
 
 } // namespace

@@ -2,14 +2,17 @@
 #include "shell/UninstallView.h"
 #include "support/FakeApplication.h"
 #include "support/FakeLog.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakePresenceController.h"
 #include "support/FakeUserDefaults.h"
 #include "views/AppPresenceView.h"
 #include "views/ExtensionStatusModel.h"
 #include "views/ExtensionStatusView.h"
+#include "views/LoginItemModel.h"
 #include "widgets/PushButton.h"
 #include "widgets/ReadTexts.h"
 #include "widgets/SegmentedControl.h"
+#include "widgets/Switch.h"
 #include "widgets/SymbolLabel.h"
 #include "widgets/TextLabel.h"
 #include "widgets/WidgetTest.h"
@@ -36,15 +39,18 @@ struct MainWindowCardsTest : WidgetTest {
     FakeLog log;
     EventLog events;
     AppSettings settings{defaults, log};
+    FakeLoginItem loginItem;
+    LoginItemModel loginItemModel{loginItem};
 };
 
 TEST_F(MainWindowCardsTest, ThePresencePickerWritesTheChoiceAndSaysWhatItMeans) {
-    AppPresenceView view(theme, settings);
+    AppPresenceView view(theme, settings, loginItemModel);
     show(view);
     auto& picker = *view.findChild<SegmentedControl*>();
     EXPECT_EQ(accessibleName(picker), "App Presence");
     EXPECT_EQ(picker.selected(), 1);
-    EXPECT_THAT(texts(view), ElementsAre("App Presence", "Show Blankwell+ in the Dock only."));
+    EXPECT_THAT(texts(view), ElementsAre("App Presence", "Show Blankwell+ in the Dock only.",
+                                         loginItemTexts.title, loginItemTexts.description));
     EXPECT_THAT(readTexts(view, QAccessible::Heading), ElementsAre("App Presence"));
     QTest::mouseClick(view.findChildren<QRadioButton*>()[2], Qt::LeftButton);
     EXPECT_EQ(defaults.values.at("appPresence"), PropertyValue(std::string("menuBarOnly")));
@@ -52,10 +58,38 @@ TEST_F(MainWindowCardsTest, ThePresencePickerWritesTheChoiceAndSaysWhatItMeans) 
 }
 
 TEST_F(MainWindowCardsTest, ThePresencePickerFollowsTheSettings) {
-    const AppPresenceView view(theme, settings);
+    const AppPresenceView view(theme, settings, loginItemModel);
     settings.appPresence.set(AppPresence::dockAndMenuBar);
     EXPECT_EQ(view.findChild<SegmentedControl*>()->selected(), 0);
     EXPECT_THAT(texts(view), Contains("Show Blankwell+ in the Dock and the menu bar."));
+}
+
+TEST_F(MainWindowCardsTest, TheSwitchUnderThePresenceIsThatOfTheLoginItem) {
+    loginItem.on = true;
+    AppPresenceView view(theme, settings, loginItemModel);
+    show(view);
+    auto& toggle = *view.findChild<Switch*>();
+    EXPECT_TRUE(toggle.isChecked()) << "read when it comes into view";
+    EXPECT_EQ(accessibleName(toggle), "Open at login");
+    EXPECT_EQ(accessible(toggle).text(QAccessible::Description),
+              "Start Blankwell+ without a window when you log in.");
+    QTest::keyClick(&toggle, Qt::Key_Space);
+    EXPECT_FALSE(loginItem.on);
+    loginItem.on = true;
+    loginItemModel.reload();
+    EXPECT_TRUE(toggle.isChecked());
+}
+
+TEST_F(MainWindowCardsTest, ASwitchThatCannotBeTurnedGoesBackAndSaysWhy) {
+    AppPresenceView view(theme, settings, loginItemModel);
+    show(view);
+    auto& toggle = *view.findChild<Switch*>();
+    loginItem.failWith = SystemError{SystemError::Domain::posix, 13, "Not in a sandbox."};
+    toggle.click();
+    EXPECT_FALSE(toggle.isChecked());
+    EXPECT_FALSE(toggle.isEnabled());
+    EXPECT_THAT(texts(view), Contains("Not in a sandbox."));
+    EXPECT_EQ(accessible(toggle).text(QAccessible::Description), "Not in a sandbox.");
 }
 
 TEST_F(MainWindowCardsTest, TheUninstallCardStartsTheFlow) {

@@ -1,5 +1,6 @@
 #include "quickcreate/QuickCreatePanelView.h"
 #include "support/Stage.h"
+#include "updates/UpdateView.h"
 #include "views/CreationGuideView.h"
 #include "views/ExtensionPageView.h"
 #include "views/HelpContent.h"
@@ -80,6 +81,33 @@ View extensionPage(Stage& stage) {
     return std::make_unique<ExtensionPageView>(stage.theme, stage.settings, stage.menus);
 }
 
+View updatePage(Stage& stage, const UpdateState& state) {
+    auto view = std::make_unique<UpdateView>(stage.theme);
+    view->show(pageFor(state, "1.0"), false);
+    return view;
+}
+
+AppcastItem update() {
+    return {.version = "110",
+            .shortVersion = "1.1",
+            .description = "<p>Quicker.</p><p>One long line, which does not end before the end of "
+                           "what is shown of it in the window, wherever that is.</p>",
+            .releaseNotesLink = "https://example.org/1.1"};
+}
+
+View foundUpdate(Stage& stage) {
+    return updatePage(stage, UpdateFound{update()});
+}
+
+View downloadedUpdate(Stage& stage) {
+    return updatePage(stage, DownloadingUpdate{update(), {1'000'000, 3'000'000, 200'000}});
+}
+
+View failedUpdate(Stage& stage) {
+    return updatePage(stage, UpdateFailed{"The server of the updates could not be reached, and "
+                                          "nothing of what is installed has changed."});
+}
+
 const std::vector<Scene>& scenes() {
     static const std::vector<Scene> all{
         {.name = "MainWindow", .make = mainWindow, .size = {720, 520}},
@@ -88,6 +116,9 @@ const std::vector<Scene>& scenes() {
         {.name = "Help", .make = help, .size = {640, 480}},
         {.name = "CreationGuide", .make = creationGuide, .size = {560, 600}},
         {.name = "ExtensionPage", .make = extensionPage, .size = {400, 280}},
+        {.name = "FoundUpdate", .make = foundUpdate, .size = {}},
+        {.name = "DownloadedUpdate", .make = downloadedUpdate, .size = {}},
+        {.name = "FailedUpdate", .make = failedUpdate, .size = {}},
         {.name = "FirstPage", .make = [](Stage& s) { return onboarding(s, 1); }, .size = {}},
         {.name = "SecondPage", .make = [](Stage& s) { return onboarding(s, 2); }, .size = {}},
         {.name = "ThirdPage", .make = [](Stage& s) { return onboarding(s, 3); }, .size = {}},

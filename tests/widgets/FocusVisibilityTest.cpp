@@ -28,6 +28,17 @@ TEST_F(FocusVisibilityTest, AWindowThatOpensShowsNoFocus) {
     EXPECT_FALSE(showsFocus(*first));
 }
 
+TEST_F(FocusVisibilityTest, AWindowThatIsOpenedAgainShowsNoFocusUntilAKeyIsPressed) {
+    QTest::keyClick(first, Qt::Key_Tab);
+    ASSERT_TRUE(showsFocus(*second));
+    window.close();
+    show(window);
+    ASSERT_TRUE(second->hasFocus());
+    EXPECT_FALSE(showsFocus(*second));
+    QTest::keyClick(second, Qt::Key_Backtab);
+    EXPECT_TRUE(showsFocus(*first));
+}
+
 TEST_F(FocusVisibilityTest, TheFirstKeyShowsWhereTheKeyboardIs) {
     const auto calm = imageOf(*second);
     QTest::keyClick(first, Qt::Key_Tab);

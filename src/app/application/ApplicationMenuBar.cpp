@@ -8,6 +8,8 @@
 #include "shell/UninstallFlow.h"
 #include "widgets/Symbols.h"
 
+#include <QShortcut>
+
 namespace blankwell {
 
 ApplicationMenuBar::ApplicationMenuBar(const Services& services, QWidget* parent)
@@ -15,6 +17,8 @@ ApplicationMenuBar::ApplicationMenuBar(const Services& services, QWidget* parent
       services_(services),
       updates_(observeLater(services_.updater.objectWillChange(), services_.mainQueue,
                             [this] { rebuild(); })) {
+    connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
+            [this] { setActiveAction(actions().value(0)); });
     rebuild();
 }
 

@@ -13,7 +13,8 @@ class BlankwellSelfUpdater;
 class MainQueue;
 class UninstallFlow;
 
-/// The application's menus in a window. They are made anew whenever something in them changes.
+/// The application's menus in a window, which F10 opens. They are made anew whenever something in
+/// them changes.
 class ApplicationMenuBar : public QMenuBar {
     Q_OBJECT
 

@@ -9,11 +9,14 @@
 #include "platform/linux/LinuxInstallationForm.h"
 #include "platform/linux/MacKeyCodes.h"
 #include "platform/linux/StandardErrorLog.h"
+#include "platform/linux/UnavailableLoginItem.h"
+#include "platform/linux/XdgAutostart.h"
 #include "platform/linux/update/StagingFolder.h"
 #include "platform/linux/update/SystemVersion.h"
 #include "widgets/Symbols.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 
 namespace blankwell::application {
@@ -24,6 +27,16 @@ std::unique_ptr<Log> makeLog() {
         return std::make_unique<JournalLog>("blankwell-plus");
     }
     return std::make_unique<StandardErrorLog>();
+}
+
+std::unique_ptr<LoginItem> makeLoginItem(const Environment& environment,
+                                         const std::string& configHome,
+                                         const FileUrl& programFolder) {
+    if (isSandboxed(environment)) {
+        return std::make_unique<UnavailableLoginItem>();
+    }
+    return std::make_unique<XdgAutostart>(FileUrl(configHome), bundleIdentifier,
+                                          programFolder.appending("blankwell-plus"));
 }
 
 std::unique_ptr<DesktopInstallation> makeInstallation(const FileUrl& programFolder,
@@ -43,6 +56,9 @@ Program::Program(const FileUrl& programFolder)
       settings_(sharedDefaults(domains_), *log_),
       settingsWatch_(
           preferences_, appGroupIdentifier, [this] { settings_.reloadFromStore(); }, *log_),
+      loginItem_(makeLoginItem(environment_, preferences_, programFolder)),
+      loginItemWatch_(FileUrl(preferences_), bundleIdentifier,
+                      [this] { loginItemModel_.reload(); }),
       frontFolder_(folders_, homeFolder(account_), [this] { return store_.savedFolderRoots(); }),
       bundle_(programFolder),
       creator_(writableFiles(), coordinator_, bundle_, scopes_),
@@ -95,7 +111,7 @@ Program::Program(const FileUrl& programFolder)
       }),
       bundleUse_(bundle_.url()),
       updateJob_(programFolder, environment_.variable("SSL_CERT_FILE").value_or(""), bundleUse_),
-      updateWindow_(theme_, application_,
+      updateWindow_(theme_, application_, workspace_,
                     bundle_.infoString("CFBundleShortVersionString").value_or("")),
       updaters_({
           .bundle = bundle_,
@@ -156,6 +172,7 @@ Program::Program(const FileUrl& programFolder)
           {
               .theme = theme_,
               .settings = settings_,
+              .loginItem = loginItemModel_,
               .shortcuts =
                   {
                       .settings = settings_,
@@ -200,6 +217,8 @@ void Program::start(const Invocation& invocation) {
     }
     // Once there is nothing more urgent to do.
     QTimer::singleShot(0, [this] {
+        // For desktops that do not find it by the desktop entry.
+        QApplication::setWindowIcon(QIcon(":/app.blankwell.BlankwellPlus.svg"));
         creation_.prepareQuickCreatePanel();
         removeOldBundles();
         keepInstallation();

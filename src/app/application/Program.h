@@ -7,6 +7,7 @@
 #include "app/RemoteRequests.h"
 #include "app/application/DomainWatch.h"
 #include "app/application/HotKeys.h"
+#include "app/application/LoginItemWatch.h"
 #include "app/application/QtQuickCreatePanels.h"
 #include "app/application/UpdateJobLoader.h"
 #include "app/application/UpdateWindow.h"
@@ -16,6 +17,7 @@
 #include "base/Subscription.h"
 #include "filetypes/CreationDestination.h"
 #include "filetypes/FileCreator.h"
+#include "platform/LoginItem.h"
 #include "platform/linux/BundleDirectory.h"
 #include "platform/linux/DirectFileCoordinator.h"
 #include "platform/linux/FileManagerFrontFolder.h"
@@ -47,6 +49,7 @@
 #include "shell/UnavailableInstallation.h"
 #include "updates/StandardUpdaters.h"
 #include "views/FileManagerMenusModel.h"
+#include "views/LoginItemModel.h"
 #include "widgets/Theme.h"
 
 #include <expected>
@@ -104,6 +107,9 @@ private:
     XdgPreferenceDomains domains_;
     AppSettings settings_;
     DomainWatch settingsWatch_;
+    std::unique_ptr<LoginItem> loginItem_;
+    LoginItemModel loginItemModel_{*loginItem_};
+    LoginItemWatch loginItemWatch_;
     LinuxAccessScopes scopes_;
     LinuxBookmarks bookmarks_{scopes_};
     SecurityScopedBookmarkStore store_{domains_, bookmarks_, order_, *log_};

@@ -1,5 +1,6 @@
 #include "app/application/UpdateWindow.h"
 
+#include "platform/Workspace.h"
 #include "platform/qt/QtApplication.h"
 #include "updates/UpdatePage.h"
 #include "updates/UpdateView.h"
@@ -46,9 +47,12 @@ private:
     std::function<void()> closedByUser_;
 };
 
-UpdateWindow::UpdateWindow(const Theme& theme, QtApplication& application,
+UpdateWindow::UpdateWindow(const Theme& theme, QtApplication& application, Workspace& workspace,
                            std::string runningVersion)
-    : theme_(theme), application_(application), runningVersion_(std::move(runningVersion)) {}
+    : theme_(theme),
+      application_(application),
+      workspace_(workspace),
+      runningVersion_(std::move(runningVersion)) {}
 
 UpdateWindow::~UpdateWindow() = default;
 
@@ -82,20 +86,28 @@ UpdateWindow::Window& UpdateWindow::window() {
                 listener_.answered(UpdateAnswer::close);
             }
         });
-        QObject::connect(window_->view, &UpdateView::answered, window_.get(),
-                         [this](UpdateAnswer answer) {
-                             if (listener_.answered) {
-                                 listener_.answered(answer);
-                             }
-                         });
-        QObject::connect(window_->view, &UpdateView::checksAutomaticallyChanged, window_.get(),
-                         [this](bool checks) {
-                             if (listener_.setChecksAutomatically) {
-                                 listener_.setChecksAutomatically(checks);
-                             }
-                         });
+        follow(*window_);
     }
     return *window_;
+}
+
+void UpdateWindow::follow(Window& window) {
+    auto* const view = window.view;
+    QObject::connect(view, &UpdateView::answered, &window, [this](UpdateAnswer answer) {
+        if (listener_.answered) {
+            listener_.answered(answer);
+        }
+    });
+    QObject::connect(view, &UpdateView::checksAutomaticallyChanged, &window, [this](bool checks) {
+        if (listener_.setChecksAutomatically) {
+            listener_.setChecksAutomatically(checks);
+        }
+    });
+    QObject::connect(view, &UpdateView::linkPressed, &window, [this, view](const std::string& url) {
+        if (!workspace_.open(url)) {
+            view->tellOfUnopenedLink();
+        }
+    });
 }
 
 } // namespace blankwell

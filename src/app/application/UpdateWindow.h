@@ -9,13 +9,16 @@ namespace blankwell {
 
 class QtApplication;
 class Theme;
+class Workspace;
 
 /// The window in which updates talk to the user. Made when it is first needed. Belongs to the main
 /// thread.
 class UpdateWindow : public UpdateUserInterface {
 public:
-    /// `runningVersion` is what people call the version that runs. The others must outlive this.
-    UpdateWindow(const Theme& theme, QtApplication& application, std::string runningVersion);
+    /// `workspace` opens the pages that updates lead to. `runningVersion` is what people call the
+    /// version that runs. The others must outlive this.
+    UpdateWindow(const Theme& theme, QtApplication& application, Workspace& workspace,
+                 std::string runningVersion);
     ~UpdateWindow() override;
 
     void setListener(Listener listener) override;
@@ -30,9 +33,11 @@ private:
     class Window;
 
     Window& window();
+    void follow(Window& window);
 
     const Theme& theme_;
     QtApplication& application_;
+    Workspace& workspace_;
     std::string runningVersion_;
     Listener listener_;
     std::unique_ptr<Window> window_;

@@ -46,6 +46,7 @@ SceneWindow& Windows::mainWindow() {
             ContentView::Services{
                 .theme = services_.theme,
                 .settings = services_.settings,
+                .loginItem = services_.loginItem,
                 .shortcuts = services_.shortcuts,
                 .folderAccess = services_.folderAccess,
                 .bundle = services_.bundle,

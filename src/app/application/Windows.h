@@ -16,6 +16,7 @@ class ApplicationPresence;
 class BlankwellSelfUpdater;
 class Bundle;
 class FileManagerMenusModel;
+class LoginItemModel;
 class MainQueue;
 class QtApplication;
 class SceneWindow;
@@ -30,6 +31,7 @@ public:
     struct Services {
         const Theme& theme;
         AppSettings& settings;
+        LoginItemModel& loginItem;
         ShortcutSettingsView::Services shortcuts;
         FolderAccessSetupModel::Services folderAccess;
         const Bundle& bundle;

@@ -6,9 +6,11 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QMap>
 #include <QPalette>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -31,7 +33,7 @@ ColorScheme schemeOfPalette() {
     return isDark ? ColorScheme::dark : ColorScheme::light;
 }
 
-ColorScheme schemeOf(const QVariant& value, ColorScheme guess) {
+std::optional<ColorScheme> preferenceOf(const QVariant& value) {
     constexpr unsigned preferDark = 1;
     constexpr unsigned preferLight = 2;
     switch (value.toUInt()) {
@@ -40,7 +42,7 @@ ColorScheme schemeOf(const QVariant& value, ColorScheme guess) {
     case preferLight:
         return ColorScheme::light;
     default:
-        return guess;
+        return std::nullopt;
     }
 }
 
@@ -62,24 +64,20 @@ std::optional<AccentColor> accentOf(const QVariant& value) {
     return isColor ? std::optional(color) : std::nullopt;
 }
 
-void take(const QString& group, const QString& key, const QVariant& value, ColorScheme guess,
-          DesktopAppearance& appearance) {
-    if (group == appearanceGroup && key == "color-scheme") {
-        appearance.scheme = schemeOf(value, guess);
-    } else if (group == appearanceGroup && key == "accent-color") {
-        appearance.accent = accentOf(value);
-    } else if (group == gnomeGroup && key == "enable-animations") {
-        appearance.reducesMotion =
-            value.metaType() == QMetaType::fromType<bool>() && !value.toBool();
-    }
-}
-
 } // namespace
 
 PortalAppearance::PortalAppearance(const QDBusConnection& bus)
     : guess_(schemeOfPalette()), appearance_{.scheme = guess_, .accent = std::nullopt} {
     qDBusRegisterMetaType<Settings>();
+    qApp->installEventFilter(this);
     ask(bus);
+}
+
+bool PortalAppearance::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !tells_) {
+        follow(schemeOfPalette());
+    }
+    return false;
 }
 
 void PortalAppearance::ask(QDBusConnection bus) {
@@ -98,7 +96,7 @@ void PortalAppearance::ask(QDBusConnection bus) {
         auto appearance = appearance_;
         for (const auto settings = reply.value(); const auto& group : settings.keys()) {
             for (const auto& [key, value] : settings[group].asKeyValueRange()) {
-                take(group, key, value, guess_, appearance);
+                take(group, key, value, appearance);
             }
         }
         publish(appearance);
@@ -111,16 +109,40 @@ void PortalAppearance::settingChanged(const QDBusMessage& change) {
     }
     const auto parts = change.arguments();
     auto appearance = appearance_;
-    take(parts[0].toString(), parts[1].toString(), parts[2].value<QDBusVariant>().variant(), guess_,
+    take(parts[0].toString(), parts[1].toString(), parts[2].value<QDBusVariant>().variant(),
          appearance);
     publish(appearance);
+}
+
+void PortalAppearance::take(const QString& group, const QString& key, const QVariant& value,
+                            DesktopAppearance& appearance) {
+    if (group == appearanceGroup && key == "color-scheme") {
+        preference_ = preferenceOf(value);
+        appearance.scheme = preference_.value_or(guess_);
+    } else if (group == appearanceGroup && key == "accent-color") {
+        appearance.accent = accentOf(value);
+    } else if (group == gnomeGroup && key == "enable-animations") {
+        appearance.reducesMotion =
+            value.metaType() == QMetaType::fromType<bool>() && !value.toBool();
+    }
 }
 
 void PortalAppearance::publish(const DesktopAppearance& appearance) {
     if (appearance != appearance_) {
         appearance_ = appearance;
-        observers_.notify();
+        tellObservers();
     }
+}
+
+void PortalAppearance::tellObservers() {
+    const QScopedValueRollback telling(tells_, true);
+    observers_.notify();
+}
+
+void PortalAppearance::follow(ColorScheme schemeOfPalette) {
+    guess_ = schemeOfPalette;
+    appearance_.scheme = preference_.value_or(guess_);
+    tellObservers();
 }
 
 } // namespace blankwell

@@ -1,10 +1,14 @@
 #include "app/application/UpdateWindow.h"
 
 #include "platform/qt/QtApplication.h"
+#include "support/FakeApplication.h"
 #include "updates/UpdatePage.h"
 #include "widgets/PushButton.h"
 #include "widgets/QtStrings.h"
+#include "widgets/TextLabel.h"
 #include "widgets/WidgetTest.h"
+
+#include <algorithm>
 
 namespace blankwell {
 namespace {
@@ -30,7 +34,9 @@ struct UpdateWindowTest : WidgetTest {
     }
 
     QtApplication application;
-    UpdateWindow updates{theme, application, "1.1"};
+    EventLog events;
+    FakeWorkspace workspace{events};
+    UpdateWindow updates{theme, application, workspace, "1.1"};
     std::vector<UpdateAnswer> answers;
 };
 
@@ -59,6 +65,26 @@ TEST_F(UpdateWindowTest, EscapeClosesIt) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(shown()));
     QTest::keyClick(shown(), Qt::Key_Escape);
     EXPECT_THAT(answers, ElementsAre(UpdateAnswer::close));
+}
+
+TEST_F(UpdateWindowTest, TheReleaseNotesOpenInTheBrowserOrItSaysThatTheyDoNot) {
+    constexpr auto address = "https://example.org/notes";
+    updates.show(UpdateFound{{.version = "2", .releaseNotesLink = address}}, false);
+    const auto saysSo = [] {
+        const auto labels = shown()->findChildren<TextLabel*>();
+        return std::ranges::any_of(labels, [](const TextLabel* label) {
+            return label->isVisible() && label->text() == qString(unopenedLinkText(address));
+        });
+    };
+    auto* const link = shown()->findChild<PushButton*>();
+    workspace.handledSchemes = {"https"};
+    link->click();
+    EXPECT_THAT(events, ElementsAre("open https://example.org/notes"));
+    EXPECT_FALSE(saysSo());
+    workspace.handledSchemes.clear();
+    link->click();
+    EXPECT_TRUE(saysSo());
+    EXPECT_THAT(answers, ElementsAre());
 }
 
 TEST_F(UpdateWindowTest, NobodyHearsOfItAfterTheUpdaterIsGone) {

@@ -6,20 +6,25 @@
 #include "settings/ShortcutSettingsView.h"
 #include "shell/UninstallView.h"
 #include "support/FakeInstallation.h"
+#include "support/FakeLoginItem.h"
 #include "support/FakePresenceController.h"
 #include "views/AppPresenceView.h"
 #include "views/ExtensionPageView.h"
 #include "views/ExtensionStatusView.h"
 #include "views/FileManagerMenusModel.h"
 #include "views/FileTypesListView.h"
+#include "views/LoginItemModel.h"
 #include "views/MainHeaderView.h"
 #include "widgets/PushButton.h"
+#include "widgets/Switch.h"
 #include "widgets/WidgetTest.h"
 
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QWindow>
 
 #include <algorithm>
@@ -69,6 +74,8 @@ struct WindowsTest : WidgetTest {
     }
 
     FakePresenceController fakes;
+    FakeLoginItem loginItem;
+    LoginItemModel loginItemModel{loginItem};
     QtApplication application;
     FakeInstallation installation;
     FileManagerMenusModel fileManagerMenus{installation};
@@ -76,6 +83,7 @@ struct WindowsTest : WidgetTest {
     Windows windows{{
                         .theme = theme,
                         .settings = fakes.settings,
+                        .loginItem = loginItemModel,
                         .shortcuts =
                             {
                                 .settings = fakes.settings,
@@ -142,6 +150,28 @@ TEST_F(WindowsTest, TheMenusHaveTheirItemsAndNoneMakesSomethingNew) {
     EXPECT_THAT(items(menu(window, 0)), ElementsAre("Check for Updates...", "-",
                                                     "Uninstall Blankwell+...", "Quit Blankwell+"));
     EXPECT_THAT(items(menu(window, 1)), ElementsAre("Blankwell+ Help", "Show Welcome Walkthrough"));
+}
+
+TEST_F(WindowsTest, TheKeyThatDesktopsHaveForMenusOpensTheFirst) {
+    auto& window = openMain();
+    QTest::keyClick(&window, Qt::Key_F10);
+    EXPECT_TRUE(menu(window, 0).isVisible());
+    QTest::keyClick(&menu(window, 0), Qt::Key_Escape);
+    EXPECT_FALSE(menu(window, 0).isVisible());
+}
+
+TEST_F(WindowsTest, HomeAndEndScrollToTheEndsOfTheMainWindow) {
+    auto& window = openMain();
+    window.resize(720, 520);
+    auto& toggle = *window.findChild<Switch*>();
+    const auto& bar = *window.findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.maximum() > 0; }));
+    QTest::keyClick(&toggle, Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    QTest::keyClick(&toggle, Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), bar.maximum() - bar.pageStep());
+    QTest::keyClick(&toggle, Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
 }
 
 TEST_F(WindowsTest, TheMenusFollowTheUpdater) {

@@ -216,6 +216,44 @@ TEST_F(PortalAppearanceTest, APortalWithoutPreferenceLeavesTheSchemeOfThePalette
     EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.current().scheme == ColorScheme::dark; }));
 }
 
+TEST_F(PortalAppearanceTest, WithoutAPortalAPaletteThatComesLaterCounts) {
+    PortalAppearance appearance(bus.connect("application"));
+    std::vector<ColorScheme> seen;
+    const auto observation =
+        appearance.observeChanges([&] { seen.push_back(appearance.current().scheme); });
+    QGuiApplication::setPalette(QPalette(Qt::black));
+    QGuiApplication::setPalette(QPalette(Qt::white));
+    EXPECT_EQ(seen, (std::vector{ColorScheme::dark, ColorScheme::light}));
+}
+
+TEST_F(PortalAppearanceTest, ThePaletteOfAnObserverIsNotTheDesktops) {
+    PortalAppearance appearance(bus.connect("application"));
+    int told = 0;
+    const auto observation = appearance.observeChanges([&] {
+        ++told;
+        QGuiApplication::setPalette(QPalette(Qt::white));
+    });
+    QGuiApplication::setPalette(QPalette(Qt::black));
+    EXPECT_EQ(appearance.current().scheme, ColorScheme::dark);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(QGuiApplication::palette().color(QPalette::Window),
+              QPalette(Qt::white).color(QPalette::Window));
+}
+
+TEST_F(PortalAppearanceTest, WhatThePortalPrefersCountsMoreThanAPalette) {
+    Portal portal(bus.connect("portal"));
+    PortalAppearance appearance(bus.connect("application"));
+    portal.change(appearanceGroup, "color-scheme", 1U);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return appearance.current().scheme == ColorScheme::dark; }));
+    int told = 0;
+    const auto observation = appearance.observeChanges([&] { ++told; });
+    QGuiApplication::setPalette(QPalette(Qt::white));
+    EXPECT_EQ(appearance.current().scheme, ColorScheme::dark);
+    EXPECT_EQ(told, 1) << "what the observer gave the application is gone";
+    portal.change(appearanceGroup, "color-scheme", 0U);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.current().scheme == ColorScheme::light; }));
+}
+
 TEST_F(PortalAppearanceTest, ValuesOfOtherKindsAndOtherKeysChangeNothing) {
     Portal portal(bus.connect("portal"));
     const PortalAppearance appearance(bus.connect("application"));

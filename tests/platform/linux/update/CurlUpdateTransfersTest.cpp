@@ -125,6 +125,21 @@ TEST_F(CurlUpdateTransfersTest, AServerThatDripsOrHangsIsGivenUp) {
     EXPECT_EQ(reasonOfFetch(server->url("hang")), Reason::tooSlow);
 }
 
+TEST_F(CurlUpdateTransfersTest, ToStallAndToTakeLongAreLimitedEachByItself) {
+    using Limits = CurlUpdateTransfers::Limits;
+    for (const auto limits : {Limits{.fetch = 60s, .download = 60s, .stall = 1s},
+                              Limits{.fetch = 1s, .download = 1s, .stall = 60s}}) {
+        CurlUpdateTransfers limited(server->certificates(), limits);
+        const auto begin = std::chrono::steady_clock::now();
+        EXPECT_EQ(limited.fetch(server->url("drip"), largest, {}).error().reason, Reason::tooSlow);
+        EXPECT_EQ(limited.download(server->url("drip"), 100'000, file, [](const auto&) {}, {})
+                      .error()
+                      .reason,
+                  Reason::tooSlow);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, 30s);
+    }
+}
+
 TEST_F(CurlUpdateTransfersTest, ABrokenConnectionIsAFailure) {
     EXPECT_EQ(reasonOfFetch(server->url("break/archive")), Reason::truncated);
     EXPECT_EQ(reasonOfFetch("https://127.0.0.1:1/"), Reason::unreachable);
