@@ -217,11 +217,11 @@ void Program::start(const Invocation& invocation) {
     }
     // Once there is nothing more urgent to do.
     QTimer::singleShot(0, [this] {
-        // For desktops that do not find it by the desktop entry.
-        QApplication::setWindowIcon(QIcon(":/app.blankwell.BlankwellPlus.svg"));
         creation_.prepareQuickCreatePanel();
         removeOldBundles();
         keepInstallation();
+        // For desktops that do not find it by the desktop entry.
+        QApplication::setWindowIcon(QIcon(":/app.blankwell.BlankwellPlus.svg"));
     });
 }
 
