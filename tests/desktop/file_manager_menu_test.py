@@ -177,7 +177,8 @@ class FileManagerMenu:
         for _ in range(5):
             self.click(place, 3)
             found = self.item(*titles)
-            if found and (beside is None or self.shown(beside)):
+            names = [element.name for element in self.items()]
+            if found and (beside is None or beside in names):
                 return found
             xdotool("key", "Escape")
             time.sleep(0.5)
@@ -273,7 +274,6 @@ class NautilusMenu(FileManagerMenu, unittest.TestCase):
 
     manager = "nautilus"
     icon = (358, 150)
-    icon_item = None
     #: How far apart the places are at which an item is looked for: less than its height.
     step = 10
 
