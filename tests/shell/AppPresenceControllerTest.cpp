@@ -218,8 +218,9 @@ TEST_F(AppPresenceControllerTest, TheItemsOfTheSubmenusCreateAtTheirDestinations
     settings.appPresence.set(menuBarOnly);
     start();
     std::get<Command>(submenu(item().menu, "Create on Desktop").at(1)).action();
-    std::get<Command>(submenu(item().menu, "Create in Finder Folder").at(1)).action();
     EXPECT_THAT(events, Contains("reveal /Users/u/Desktop/Untitled.txt"));
+    EXPECT_THAT(events, Not(Contains("reveal /Users/u/Projects/Untitled.txt")));
+    std::get<Command>(submenu(item().menu, "Create in Finder Folder").at(1)).action();
     EXPECT_THAT(events, Contains("reveal /Users/u/Projects/Untitled.txt"));
 }
 
