@@ -133,24 +133,6 @@ private:
     std::optional<std::uint64_t> states_;
 };
 
-/// The id of the process that owns `name`.
-std::optional<std::uint32_t> processOf(SessionBus& bus, const std::string& name,
-                                       const Deadline& deadline) {
-    auto request = bus.request({.destination = "org.freedesktop.DBus",
-                                .path = "/org/freedesktop/DBus",
-                                .interface = "org.freedesktop.DBus",
-                                .member = "GetConnectionUnixProcessID"});
-    if (!request) {
-        return std::nullopt;
-    }
-    auto answer = bus.call(request->append(name), deadline);
-    std::uint32_t process = 0;
-    if (!answer || sd_bus_message_read_basic(answer->get(), SD_BUS_TYPE_UINT32, &process) <= 0) {
-        return std::nullopt;
-    }
-    return process;
-}
-
 std::optional<std::string> busAddress(const Deadline& deadline) {
     auto bus = SessionBus::connect(deadline);
     auto request = bus ? bus->request({.destination = "org.a11y.Bus",
@@ -188,7 +170,7 @@ std::optional<Accessible::Children> AccessibilityBus::windows(std::uint32_t proc
     }
     Accessible::Children titled;
     for (const auto& program : *programs) {
-        if (processOf(bus_, program.first, deadline_) != processId) {
+        if (bus_.processOf(program.first, deadline_) != processId) {
             continue;
         }
         auto windows = BusAccessible(bus_, deadline_, program.first, program.second).children();

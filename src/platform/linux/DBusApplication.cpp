@@ -64,16 +64,7 @@ SessionApplication::Taken failure(const BusError& error) {
 /// The process that owns `name`; nothing where none does.
 std::optional<ProcessHandle> ownerOf(SessionBus& bus, const std::string& name,
                                      const Deadline& deadline) {
-    auto request = bus.request({.destination = "org.freedesktop.DBus",
-                                .path = "/org/freedesktop/DBus",
-                                .interface = "org.freedesktop.DBus",
-                                .member = "GetConnectionUnixProcessID"});
-    if (!request) {
-        return std::nullopt;
-    }
-    request->append(name);
-    auto answer = bus.call(*request, deadline);
-    const auto process = answer ? answer->readUnsigned() : std::nullopt;
+    const auto process = bus.processOf(name, deadline);
     return process ? ProcessHandle::open(static_cast<pid_t>(*process)) : std::nullopt;
 }
 

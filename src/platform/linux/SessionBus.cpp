@@ -105,6 +105,19 @@ SessionBus::activatableNames(const Deadline& deadline) {
     return listNames("ListActivatableNames", deadline);
 }
 
+std::optional<std::uint32_t> SessionBus::processOf(const std::string& name,
+                                                   const Deadline& deadline) {
+    auto message = request({.destination = "org.freedesktop.DBus",
+                            .path = "/org/freedesktop/DBus",
+                            .interface = "org.freedesktop.DBus",
+                            .member = "GetConnectionUnixProcessID"});
+    if (!message) {
+        return std::nullopt;
+    }
+    auto answer = call(message->append(name), deadline);
+    return answer ? answer->readUnsigned() : std::nullopt;
+}
+
 std::expected<BusMessage, SystemError> SessionBus::request(const BusMethod& method) const {
     sd_bus_message* message = nullptr;
     const int result = sd_bus_message_new_method_call(

@@ -4,9 +4,11 @@
 #include "platform/linux/BusMessage.h"
 #include "platform/linux/Deadline.h"
 
+#include <cstdint>
 #include <expected>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,6 +53,10 @@ public:
 
     /// The names that the bus knows how to start a program for. Asks the bus only.
     std::expected<std::vector<std::string>, SystemError> activatableNames(const Deadline& deadline);
+
+    /// The id of the process that owns `name`; nothing where none does, or the bus does not say.
+    /// Asks the bus only.
+    std::optional<std::uint32_t> processOf(const std::string& name, const Deadline& deadline);
 
     /// A call of `method` that arguments can be appended to. Fails where a part of `method` is not
     /// what D-Bus allows.
