@@ -93,4 +93,11 @@ std::string_view trimmed(std::string_view text) {
     }
 }
 
+std::string asciiLowered(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+    });
+    return text;
+}
+
 } // namespace blankwell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace blankwell {
@@ -11,5 +12,8 @@ namespace blankwell {
 /// `text` without the white space and line feeds at both of its ends (borrowed). White space is
 /// that of ASCII and the Unicode space separators and line breaks.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// `text` with the letters A to Z small; other bytes as they are.
+[[nodiscard]] std::string asciiLowered(std::string text);
 
 } // namespace blankwell

@@ -29,13 +29,6 @@ bool isUrl(const std::string& text) {
     return std::ranges::all_of(text, isUrlCharacter) && parseUrl(text).has_value();
 }
 
-std::string asciiLowered(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
-    });
-    return text;
-}
-
 bool isSecure(const std::string& url) {
     const auto components = parseUrl(url);
     return components && asciiLowered(components->scheme) == "https";

@@ -1,6 +1,7 @@
 #include "updates/UpdatePage.h"
 
 #include "base/Overloaded.h"
+#include "base/Text.h"
 #include "base/UrlComponents.h"
 #include "updates/PlainText.h"
 
@@ -23,18 +24,14 @@ std::string notesOf(const AppcastItem& item) {
     return item.descriptionFormat == "html" ? plainTextOfHtml(item.description) : item.description;
 }
 
-/// `expected` in small letters.
-bool isScheme(std::string_view scheme, std::string_view expected) {
-    return std::ranges::equal(scheme, expected, [](char letter, char small) {
-        return letter == small || (letter | 0x20) == small;
-    });
-}
-
 /// A feed leads to the web, and to none of the programs that other addresses would start.
 bool leadsToWeb(std::string_view url) {
     const auto parts = parseUrl(url);
-    return parts && !parts->host.empty() &&
-           (isScheme(parts->scheme, "https") || isScheme(parts->scheme, "http"));
+    if (!parts || parts->host.empty()) {
+        return false;
+    }
+    const auto scheme = asciiLowered(parts->scheme);
+    return scheme == "https" || scheme == "http";
 }
 
 std::optional<UpdatePage::Link> notesLinkOf(const AppcastItem& item) {
