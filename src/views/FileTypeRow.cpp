@@ -1,5 +1,6 @@
 #include "views/FileTypeRow.h"
 
+#include "widgets/AccessibleRole.h"
 #include "widgets/FocusVisibility.h"
 #include "widgets/Metrics.h"
 #include "widgets/Painting.h"
@@ -9,7 +10,6 @@
 #include "widgets/TextLabel.h"
 #include "widgets/Theme.h"
 
-#include <QAccessibleWidget>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -20,16 +20,11 @@ namespace {
 
 constexpr int gripWidth = 3 * metrics::grid;
 
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const row = qobject_cast<FileTypeRow*>(object);
-    return row == nullptr ? nullptr : new QAccessibleWidget(row, QAccessible::ListItem);
-}
-
 } // namespace
 
 FileTypeRow::FileTypeRow(const Theme& theme, const FileTypeDefinition& type, QWidget* parent)
     : QWidget(parent), theme_(theme), id_(type.id), toggle_(new Switch(theme, type.displayName)) {
-    QAccessible::installFactory(makeAccessible);
+    setAccessibleRole(*this, QAccessible::ListItem);
     setAccessibleName(qString(type.displayName));
     setToolTip("Drag to change the order, or press Alt+Up or Alt+Down.");
     setAttribute(Qt::WA_Hover);

@@ -2,26 +2,18 @@
 
 #include "views/DropIndicator.h"
 #include "views/FileTypeRow.h"
+#include "widgets/AccessibleRole.h"
 #include "widgets/Heading.h"
 #include "widgets/Metrics.h"
 #include "widgets/QtStrings.h"
 #include "widgets/Switch.h"
 
-#include <QAccessibleWidget>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace blankwell {
-namespace {
-
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const section = qobject_cast<FileTypeSectionView*>(object);
-    return section == nullptr ? nullptr : new QAccessibleWidget(section, QAccessible::List);
-}
-
-} // namespace
 
 FileTypeSectionView::FileTypeSectionView(const Theme& theme, FileTypesListModel& model,
                                          const FileTypeSection& section, QWidget* parent)
@@ -29,7 +21,7 @@ FileTypeSectionView::FileTypeSectionView(const Theme& theme, FileTypesListModel&
       model_(model),
       column_(new QVBoxLayout),
       indicator_(new DropIndicator(theme, *this)) {
-    QAccessible::installFactory(makeAccessible);
+    setAccessibleRole(*this, QAccessible::List);
     setAccessibleName(qString(section.title));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

@@ -8,7 +8,6 @@
 #include "shell/UnavailableInstallation.h"
 
 namespace blankwell::cli {
-namespace {} // namespace
 
 Program::Program(const FileUrl& programFolder, FileUrl currentFolder,
                  ConsoleLog::StandardError standardError)
