@@ -75,6 +75,10 @@ quietly() {
     return "$status"
 }
 
+# What was compiled in one checkout serves another: paths below it are hashed as relative ones. What is
+# compiled for the first time is not preprocessed once more for the cache's sake.
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=true CCACHE_DEPEND=true
+
 # build PRESET [CMAKE-OPTION...]: configures and builds a preset, silent unless it fails. The variable
 # `targets` may name what to build of it.
 build() {
