@@ -1,4 +1,4 @@
-// The parts of fmt that are no templates, and the templates that its headers expect to be made elsewhere.
+// The parts of fmt that are no templates, and the templates that its headers expect elsewhere.
 #include <fmt/format-inl.h>
 
 template auto fmt::detail::dragonbox::to_decimal(float) noexcept -> decimal_fp<float>;
