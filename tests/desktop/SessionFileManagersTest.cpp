@@ -74,7 +74,9 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Thunar, FileManagersContract, ThunarWorld);
 
 struct SessionFileManagersTest : testing::Test {
     /// Lets every file manager quit as the user would, starts them again, and tells what was found.
-    std::size_t restart() {
+    std::size_t restart() { return restart(managers); }
+
+    static std::size_t restart(FileManagers& managers) {
         const auto running = managers.running();
         for (const auto& process : running) {
             EXPECT_TRUE(process->terminate());
@@ -141,6 +143,18 @@ TEST_F(SessionFileManagersTest, AWindowThatDoesNotTellComesBackWithTheHomeFolder
     EXPECT_EQ(restart(), 1U);
 
     EXPECT_TRUE(windowAppears("home - Thunar")) << testing::PrintToString(windowTitles());
+}
+
+TEST_F(SessionFileManagersTest, WhoHasNoHomeKeepsTheirWindowsToo) {
+    showPathsInThunarTitles();
+    const auto title = two.path() + " - Thunar";
+    const Program thunar({"thunar", two.path()});
+    ASSERT_TRUE(windowAppears(title));
+    SessionFileManagers homeless(wellKnown, desktopHome().appending("missing"), noRoots);
+
+    EXPECT_EQ(restart(homeless), 1U);
+
+    EXPECT_TRUE(windowAppears(title)) << testing::PrintToString(windowTitles());
 }
 
 TEST_F(SessionFileManagersTest, NemoComesBack) {

@@ -8,6 +8,8 @@
 #include <fmt/core.h>
 
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace blankwell {
@@ -15,6 +17,12 @@ namespace {
 
 constexpr std::chrono::milliseconds patienceForFolders{1000};
 constexpr std::chrono::milliseconds patienceForQuitting{300};
+
+/// Where a program starts: at home, or at the root where the user has no home that is there.
+FileUrl startingFolder(const FileUrl& home) {
+    std::error_code error;
+    return std::filesystem::is_directory(home.path(), error) ? home : FileUrl("/");
+}
 
 /// Quits the program whatever windows it has, without a question.
 bool quitDolphin(std::uint32_t process) {
@@ -37,7 +45,7 @@ public:
 
     bool terminate() override {
         const auto command = quitCommand(process_->fileManager);
-        return command ? startDetached(*command, home_) : quitDolphin(process_->id);
+        return command ? startDetached(*command, startingFolder(home_)) : quitDolphin(process_->id);
     }
 
     void forceTerminate() override { process_->handle.kill(); }
@@ -87,13 +95,14 @@ std::vector<std::unique_ptr<RunningFileManager>> SessionFileManagers::running() 
 }
 
 void SessionFileManagers::relaunch() {
+    const auto start = startingFolder(home_);
     for (const auto& [process, open] : std::exchange(found_, {})) {
         if (!process->handle.hasEnded()) {
             continue;
         }
-        for (const auto& command : startCommands(process->fileManager, open, home_)) {
+        for (const auto& command : startCommands(process->fileManager, open, start)) {
             // What is no longer installed cannot come back.
-            static_cast<void>(startDetached(command, home_));
+            static_cast<void>(startDetached(command, start));
         }
     }
 }
