@@ -18,20 +18,20 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <cmath>
+
 namespace blankwell {
 namespace {
 
+/// The pixels whose middles are inside of a rectangle with round corners.
 QRegion roundedRegion(const QSize& size, int radius) {
-    const QRect bounds({}, size);
-    auto region = QRegion(bounds.adjusted(radius, 0, -radius, 0)) +
-                  QRegion(bounds.adjusted(0, radius, 0, -radius));
-    QRect corner(0, 0, 2 * radius, 2 * radius);
-    for (const auto right : {false, true}) {
-        for (const auto bottom : {false, true}) {
-            corner.moveTo(right ? size.width() - corner.width() : 0,
-                          bottom ? size.height() - corner.height() : 0);
-            region += QRegion(corner, QRegion::Ellipse);
-        }
+    QRegion region(0, radius, size.width(), size.height() - 2 * radius);
+    for (int row = 0; row < radius; ++row) {
+        const auto rise = radius - row - 0.5; // from the centre of a corner to the row's middle
+        const auto inset = qRound(radius - std::sqrt(radius * radius - rise * rise));
+        const auto width = size.width() - 2 * inset;
+        region += QRect(inset, row, width, 1);
+        region += QRect(inset, size.height() - 1 - row, width, 1);
     }
     return region;
 }

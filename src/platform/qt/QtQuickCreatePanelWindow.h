@@ -28,7 +28,7 @@ public:
     void orderOut() override;
     [[nodiscard]] bool isVisible() const override;
 
-    /// The window itself, for who fills or tests it.
+    /// The window itself, for who tests it.
     [[nodiscard]] QWidget& widget() const { return *window_; }
 
 private:
