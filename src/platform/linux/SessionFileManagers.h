@@ -22,9 +22,8 @@ namespace blankwell {
 /// second at most for the answers about folders. Folders on Wayland are not known.
 class SessionFileManagers : public FileManagers {
 public:
-    /// `wellKnown` must outlive this object. Programs start in `home`, or in "/"
-    /// where that is no folder. `roots` is called by `running`, for the folders that the user works
-    /// in.
+    /// `wellKnown` must outlive this object. Programs start in `home`, or in "/" where
+    /// that is no folder. `roots` is called by `running`, for the folders that the user works in.
     SessionFileManagers(const WellKnownFolders& wellKnown, FileUrl home,
                         std::function<std::vector<FileUrl>()> roots);
 
